@@ -1,0 +1,43 @@
+# Build helpers shared by every folder: one call a target, no repeated blocks.
+
+find_program(ZV_CCACHE ccache)
+if(ZV_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${ZV_CCACHE}")
+endif()
+
+add_library(zv_options INTERFACE)
+target_compile_options(zv_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_include_directories(zv_options INTERFACE "${PROJECT_SOURCE_DIR}")
+if(ZV_SANITIZE)
+    set(_zv_san -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(zv_options INTERFACE ${_zv_san})
+    target_link_options(zv_options INTERFACE ${_zv_san})
+endif()
+
+# zv_add_library(name SOURCES ... [LINKS ...])
+function(zv_add_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC zv_options ${ARG_LINKS})
+endfunction()
+
+# zv_add_test(name LABEL label SOURCES ... [LINKS ...]): one GoogleTest executable,
+# each of its tests registered with ctest under the given label.
+function(zv_add_test name)
+    cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE zv_options ${ARG_LINKS} GTest::gtest_main GTest::gmock)
+    gtest_discover_tests(${name} PROPERTIES LABELS ${ARG_LABEL} DISCOVERY_TIMEOUT 60)
+endfunction()
+
+# zv_add_bench(name SOURCES ... [LINKS ...]): one Google Benchmark executable,
+# also run once in ctest (label "bench") so that a broken benchmark fails the build's tests.
+function(zv_add_bench name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE zv_options ${ARG_LINKS} benchmark::benchmark_main)
+    if(ZV_BUILD_TESTS)
+        add_test(NAME ${name}.smoke COMMAND ${name} --benchmark_min_time=0.001)
+        set_tests_properties(${name}.smoke PROPERTIES LABELS bench)
+    endif()
+endfunction()
