@@ -87,27 +87,21 @@ Vec SecondEigenvector(const Mat& a, const Vec& known, double value) {
     return Minus(Scaled(u, r1 * s), Scaled(v, r0 * s));
 }
 
-// Eigenvalue gaps above this (the matrix scaled to entries of at most 1) leave each
-// cross-product eigenvector accurate to about 1e-10 on its own.
+// Eigenvalue gaps above this fraction of the largest entry leave each cross-product
+// eigenvector accurate to about 1e-10 on its own.
 constexpr double kSeparated = 1e-3;
 
-Eigen SymmetricEigen(Mat a) {
-    const double largest =
-        std::max(std::max(std::max(std::fabs(a[0][0]), std::fabs(a[0][1])),
-                          std::max(std::fabs(a[0][2]), std::fabs(a[1][1]))),
-                 std::max(std::max(std::fabs(a[1][2]), std::fabs(a[2][2])), 0.0));
+Eigen SymmetricEigen(const Mat& a) {
     const double offDiagonal = a[0][1] * a[0][1] + a[0][2] * a[0][2] + a[1][2] * a[1][2];
-    if (largest == 0.0 || offDiagonal == 0.0) {
-        return {{a[0][0], a[1][1], a[2][2]}, kIdentity};  // already diagonal
-    }
-    // Scaled to entries of at most 1, so the cubic's terms neither overflow nor underflow.
-    const double inverse = 1.0 / largest;
-    for (Vec& row : a)
-        for (double& x : row) x *= inverse;
+    if (offDiagonal == 0.0) return {{a[0][0], a[1][1], a[2][2]}, kIdentity};  // already diagonal
+    // No rescaling: the entries come from floats, so every term of the cubic below stays
+    // within about 1e+-230, well inside double range. Only the gap test needs the scale.
+    const double largest = std::max({std::fabs(a[0][0]), std::fabs(a[1][1]), std::fabs(a[2][2]),
+                                     std::fabs(a[0][1]), std::fabs(a[0][2]), std::fabs(a[1][2])});
     const double q = (a[0][0] + a[1][1] + a[2][2]) * (1.0 / 3.0);
     const double b00 = a[0][0] - q, b11 = a[1][1] - q, b22 = a[2][2] - q;
-    const double scaledOff = offDiagonal * inverse * inverse;
-    const double p = std::sqrt((b00 * b00 + b11 * b11 + b22 * b22 + 2.0 * scaledOff) * (1.0 / 6.0));
+    const double p =
+        std::sqrt((b00 * b00 + b11 * b11 + b22 * b22 + 2.0 * offDiagonal) * (1.0 / 6.0));
     const double c00 = b11 * b22 - a[1][2] * a[1][2];
     const double c01 = a[0][1] * b22 - a[1][2] * a[0][2];
     const double c02 = a[0][1] * a[1][2] - b11 * a[0][2];
@@ -122,7 +116,7 @@ Eigen SymmetricEigen(Mat a) {
     const double beta1 = -(beta0 + beta2);
     Eigen e;
     e.values = {q + p * beta0, q + p * beta1, q + p * beta2};
-    if (std::min(e.values[1] - e.values[0], e.values[2] - e.values[1]) > kSeparated) {
+    if (std::min(e.values[1] - e.values[0], e.values[2] - e.values[1]) > kSeparated * largest) {
         // Well apart: the outer two independently (no chain through the first), the
         // middle one completes the right-handed set.
         e.vectors[0] = IsolatedEigenvector(a, e.values[0]);
@@ -137,11 +131,12 @@ Eigen SymmetricEigen(Mat a) {
         e.vectors[1] = SecondEigenvector(a, e.vectors[0], e.values[1]);
         e.vectors[2] = Cross(e.vectors[0], e.vectors[1]);
     }
-    for (double& value : e.values) value *= largest;
     return e;
 }
 
-// The quaternion of a rotation given by its rows (Shepperd's method), in double.
+// The quaternion of a rotation given by its rows (Shepperd's method), in double: the
+// root of the largest diagonal combination, so no division goes through a small number
+// and errors in the rows stay errors of the same size in the quaternion.
 Quat QuatOfRotation(const Mat& m) {
     const double trace = m[0][0] + m[1][1] + m[2][2];
     double x, y, z, w;
@@ -170,19 +165,24 @@ Quat QuatOfRotation(const Mat& m) {
 // Below this fraction of the largest stretch factor a factor counts as zero: the
 // matrix has lost that dimension and the rotation must be completed by hand.
 constexpr double kLostDimension = 1e-9;
+// Above this ratio of the smallest to the largest factor the stretch directions are
+// accurate without orthogonalising them.
+constexpr double kWellConditioned = 1e-2;
 
-// The unit directions w[i] of the rows b[i] = v[i] m, whose lengths are k[i]. For an
-// invertible matrix they are orthonormal already; a dimension the matrix has lost
-// (a factor of nearly zero) is completed from the others, in the sense that keeps the
-// essential rotation proper.
-Mat StretchedDirections(const Mat& b, const Vec& k) {
+// The unit directions w[i] of the rows b[i] = v[i] m, whose lengths are k[i]. Each is
+// as accurate as its eigenvector times largest k / k[i]: for a well-conditioned matrix
+// the three divisions are exact enough. Otherwise the directions are made orthonormal
+// in order of decreasing factor, which moves only the small-factor ones, whose share of
+// the matrix is small, and the smallest factor is taken from |det m| over the other two,
+// which are accurate; a dimension the matrix has lost (a factor of nearly zero) is
+// completed so that the essential rotation stays proper.
+Mat StretchedDirections(const Mat& rows, const Mat& b, Vec& k) {
     const double largest = std::max({k[0], k[1], k[2]});
-    const double lost = kLostDimension * largest;
-    if (k[0] > lost && k[1] > lost && k[2] > lost) {
+    if (std::min({k[0], k[1], k[2]}) > kWellConditioned * largest)
         return {Scaled(b[0], 1.0 / k[0]), Scaled(b[1], 1.0 / k[1]), Scaled(b[2], 1.0 / k[2])};
-    }
     Mat w = kIdentity;
     if (largest == 0.0) return w;
+    const double lost = kLostDimension * largest;
     const int i0 = k[0] >= k[1] ? (k[0] >= k[2] ? 0 : 2) : (k[1] >= k[2] ? 1 : 2);
     const int i1 = k[(i0 + 1) % 3] >= k[(i0 + 2) % 3] ? (i0 + 1) % 3 : (i0 + 2) % 3;
     const int i2 = 3 - i0 - i1;
@@ -191,9 +191,12 @@ Mat StretchedDirections(const Mat& b, const Vec& k) {
     const double restLength = Length(rest);
     w[i1] =
         k[i1] > lost && restLength > 0.0 ? Scaled(rest, 1.0 / restLength) : Perpendicular(w[i0]);
-    // The lost direction completes a right-handed set: no mirror without a third factor.
     w[i2] = Cross(w[i0], w[i1]);
-    if (Dot(w[0], Cross(w[1], w[2])) < 0.0) w[i2] = Scaled(w[i2], -1.0);
+    // The third direction keeps the side its row points to; with that dimension lost, the
+    // side that makes the set right-handed (no mirror without a third factor).
+    const bool flip = k[i2] > lost ? Dot(w[i2], b[i2]) < 0.0 : Dot(w[0], Cross(w[1], w[2])) < 0.0;
+    if (flip) w[i2] = Scaled(w[i2], -1.0);
+    if (k[i2] > lost) k[i2] = std::fabs(Dot(rows[0], Cross(rows[1], rows[2]))) / (k[i0] * k[i1]);
     return w;
 }
 
@@ -262,14 +265,50 @@ void AdjustStretchAxes(Quat& u, Point3& k) {
         return;
     }
     // R * u has w = <conj(R), u>, and the cube group holds conj(R) with R: the best R is
-    // the conjugate of the cube rotation nearest u. Row i of Matrix(R) is a signed axis:
-    // the stretch axis it moves into place i.
+    // the conjugate of the cube rotation nearest u.
     const Quat r = NearestCubeRotation(u).Conjugate();
     u = r * u;
     if (u.w < 0.0f) u = -u;
-    const Matrix3 moves = QuatMatrix(r);
+    // Row i of Matrix(r) is a signed axis: the stretch axis that r moves into place i.
+    const float x = r.x, y = r.y, z = r.z, w = r.w;
+    const float moves[3][3] = {{1 - 2 * (y * y + z * z), 2 * (x * y - z * w), 2 * (x * z + y * w)},
+                               {2 * (x * y + z * w), 1 - 2 * (x * x + z * z), 2 * (y * z - x * w)},
+                               {2 * (x * z - y * w), 2 * (y * z + x * w), 1 - 2 * (x * x + y * y)}};
     const Point3 old = k;
-    for (int i = 0; i < 3; ++i) k[i] = old[moves[i].MaxComponent()];
+    for (int i = 0; i < 3; ++i) {
+        const float a = std::fabs(moves[i][0]), b = std::fabs(moves[i][1]),
+                    c = std::fabs(moves[i][2]);
+        k[i] = a >= b ? (a >= c ? old.x : old.z) : (b >= c ? old.y : old.z);
+    }
+}
+
+// A rotation with a uniform scale, the usual transform of a rig: when the rows are
+// orthogonal and of one length to within float noise, the stretch is that length times
+// the identity and the rotation is the normalised rows; no eigen problem is solved.
+bool UniformStretch(const Mat& gram, const Matrix3& m, AffineParts* parts) {
+    constexpr double kNoise = 1e-6;  // relative to the squared row length
+    const double mean = (gram[0][0] + gram[1][1] + gram[2][2]) * (1.0 / 3.0);
+    const double tolerance = kNoise * mean;
+    for (int i = 0; i < 3; ++i)
+        if (!(std::fabs(gram[i][i] - mean) <= tolerance &&
+              std::fabs(gram[i][(i + 1) % 3]) <= tolerance))
+            return false;
+    if (!(mean > 0.0)) return false;
+    Mat rotation;
+    for (int i = 0; i < 3; ++i) {
+        const double inverse = 1.0 / std::sqrt(gram[i][i]);
+        rotation[i] = {m[i].x * inverse, m[i].y * inverse, m[i].z * inverse};
+    }
+    const bool mirror = Dot(rotation[0], Cross(rotation[1], rotation[2])) < 0.0;
+    if (mirror)
+        for (Vec& row : rotation) row = Scaled(row, -1.0);
+    const float k = float(std::sqrt(mean));
+    parts->t = m.GetTrans();
+    parts->f = mirror ? -1.0f : 1.0f;
+    parts->q = QuatOfRotation(rotation).Normalize();  // the rows are orthogonal to ~1e-6 only
+    parts->u.Identity();
+    parts->k = {k, k, k};
+    return true;
 }
 
 }  // namespace
@@ -285,6 +324,7 @@ void decomp_affine(const Matrix3& m, AffineParts* parts) {
     Mat gram;
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j) gram[i][j] = Dot(rows[i], rows[j]);
+    if (UniformStretch(gram, m, parts)) return;
     const Eigen eigen = SymmetricEigen(gram);
     const Mat& v = eigen.vectors;
 
@@ -295,7 +335,7 @@ void decomp_affine(const Matrix3& m, AffineParts* parts) {
             b[i][c] = v[i][0] * rows[0][c] + v[i][1] * rows[1][c] + v[i][2] * rows[2][c];
         k[i] = Length(b[i]);
     }
-    const Mat w = StretchedDirections(b, k);
+    const Mat w = StretchedDirections(rows, b, k);
 
     Mat q;  // Q = V^T-weighted sum of the directions: Q[r][c] = sum_i v[i][r] w[i][c]
     for (int r = 0; r < 3; ++r)

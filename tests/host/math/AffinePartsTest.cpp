@@ -17,6 +17,14 @@ Matrix3 Compose(const AffineParts& p) {
            ScaleMatrix({p.f, p.f, p.f}) * TransMatrix(p.t);
 }
 
+// The determinant of the 3x3 part, in double.
+double Det(const Matrix3& m) {
+    auto e = [&m](int i, int j) { return double(m[i][j]); };
+    return e(0, 0) * (e(1, 1) * e(2, 2) - e(1, 2) * e(2, 1)) -
+           e(0, 1) * (e(1, 0) * e(2, 2) - e(1, 2) * e(2, 0)) +
+           e(0, 2) * (e(1, 0) * e(2, 1) - e(1, 1) * e(2, 0));
+}
+
 AffineParts Decompose(const Matrix3& m) {
     AffineParts parts;
     decomp_affine(m, &parts);
@@ -120,6 +128,44 @@ TEST(DecompAffine, TwoEqualFactorsGiveASwingWithoutTwist) {
         // A swing of that slot's axis: no turn about it.
         EXPECT_NEAR(p.u[slot], 0.0f, 1e-5f);
         EXPECT_LE(AngAxis(p.u).angle, std::acos(1 / std::sqrt(3.0f)) + 1e-4f);
+    }
+}
+
+// Factors close together (where the eigenvectors hang on small differences), equal
+// to float noise, or well apart: every stretch comes back exactly.
+TEST(DecompAffine, CloseStretchFactorsStillRebuildTheMatrix) {
+    const Point3 factors[] = {{2, 2.001f, 5},     {2, 2.0001f, 2.0002f}, {1, 1, 1.00001f},
+                              {0.5f, 3, 3.0005f}, {1e-3f, 1, 1e3f},      {7, 7, 7}};
+    MathRandom rnd(34);
+    for (const Point3& k : factors) {
+        for (int n = 0; n < 200; ++n) {
+            const Quat axes = rnd.Rotation(), rot = rnd.Rotation();
+            const Matrix3 m = Inverse(QuatMatrix(axes)) * ScaleMatrix(k) * QuatMatrix(axes) *
+                              QuatMatrix(rot) * TransMatrix(rnd.Vector(-5, 5));
+            const AffineParts p = Decompose(m);
+            ASSERT_TRUE(MatrixNear(Compose(p), m, 1e-4f * Scale(m)))
+                << k.x << " " << k.y << " " << k.z << " matrix " << n;
+            // The factors multiply to |det m| of the matrix as stored (whose rounded
+            // entries may move a tiny factor by a few percent from the one built in).
+            const double det = std::fabs(Det(m));
+            EXPECT_NEAR(double(p.k.x) * p.k.y * p.k.z, det, 1e-5 * det);
+        }
+    }
+}
+
+// Float matrices of any magnitude: the solver works in double without rescaling, so
+// the smallest and largest scales a float can hold must not underflow or overflow.
+TEST(DecompAffine, ExtremeMagnitudesKeepTheirPrecision) {
+    MathRandom rnd(35);
+    for (float s : {1e-18f, 1e-9f, 1e9f, 1e18f}) {
+        for (const Point3& k : {Point3(1, 2, 3), Point3(1, 1, 1)}) {
+            const Quat rot = rnd.Rotation(), axes = rnd.Rotation();
+            const Matrix3 m =
+                Inverse(QuatMatrix(axes)) * ScaleMatrix(k * s) * QuatMatrix(axes) * QuatMatrix(rot);
+            const AffineParts p = Decompose(m);
+            EXPECT_TRUE(MatrixNear(Compose(p), m, 3e-5f * s)) << s;  // entries up to 3s
+            EXPECT_TRUE(SameRotation(p.q, rot, 1e-5f)) << s;
+        }
     }
 }
 

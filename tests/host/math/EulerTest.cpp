@@ -134,13 +134,15 @@ TEST(Euler, ContinuousConversionReturnsTheNearestEquivalentAngles) {
 }
 
 TEST(Euler, ContinuousConversionKeepsAnglesThatAlreadyFit) {
-    // Any angles at all, multi-turn and outside the principal ranges, are their own
-    // nearest solution.
+    // Any angles at all, multi-turn, outside the principal ranges or gimbal-locked, are
+    // their own nearest solution.
     MathRandom rnd(23);
     for (int order = 0; order < kEulerOrderCount; ++order) {
         SCOPED_TRACE(kOrderNames[order]);
+        const float locked = IsRepeatingEulerOrder(order) ? kPi : kPi / 2;
         for (int n = 0; n < 300; ++n) {
-            const float e[3] = {rnd.Uniform(-20, 20), rnd.Uniform(-20, 20), rnd.Uniform(-20, 20)};
+            float e[3] = {rnd.Uniform(-20, 20), rnd.Uniform(-20, 20), rnd.Uniform(-20, 20)};
+            if (n % 3 == 0) e[1] = (n % 2 ? 1 : -1) * locked + 2 * kPi * float(n % 4);
             Quat q;
             EulerToQuat(e, q, order);
             float got[3] = {e[0], e[1], e[2]};
