@@ -13,9 +13,10 @@ namespace host {
 // Encodes text; a wide character above 0x10FFFF or negative becomes U+FFFD.
 std::string Utf8FromWide(std::wstring_view text);
 
-// Decodes text leniently: each maximal ill-formed subpart (bad lead byte, truncated sequence,
-// overlong form, value above 0x10FFFF, stray continuation byte) becomes one U+FFFD and decoding
-// resumes at the next byte.
+// Decodes text leniently: each maximal ill-formed subpart becomes one U+FFFD and decoding
+// resumes after it. A truncated sequence is one subpart; a byte that can never start or
+// continue a sequence (a stray continuation byte, C0, C1, F5 to FF) is one by itself, so an
+// overlong form or a value above 0x10FFFF gives one U+FFFD per byte.
 std::wstring WideFromUtf8(std::string_view text);
 
 // Decodes text, or returns nullopt if any part of it is malformed.

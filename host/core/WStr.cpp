@@ -1,6 +1,7 @@
 #include "host/core/WStr.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdarg>
 #include <cwchar>
 #include <cwctype>
@@ -15,8 +16,8 @@ namespace {
 
 constexpr const char* kIndexError = "Invalid index passed into WStr::operator[]";
 
-// Longest result printf tries before giving up. vswprintf reports "too small" and "cannot
-// encode" alike, so growth needs a bound.
+// Longest result printf tries before giving up: a bound on growth should anything other
+// than a short buffer make vswprintf fail without saying so in errno.
 constexpr size_t kMaxFormatted = size_t{1} << 22;
 
 // Clamps (start, n) to a range [first, first + count) within a string of the given length.
@@ -76,13 +77,16 @@ int WStr::printf(const wchar_t* format, ...) {
     for (;;) {
         va_list args;
         va_start(args, format);
+        errno = 0;
         const int written = std::vswprintf(buffer.data(), buffer.size(), format, args);
         va_end(args);
         if (written >= 0) {
             text_.assign(buffer.data(), static_cast<size_t>(written));
             return written;
         }
-        if (buffer.size() >= kMaxFormatted) return -1;
+        // glibc returns -1 both for a short buffer and for an argument it cannot convert;
+        // only the latter sets errno (EILSEQ), and no buffer size would help it.
+        if (errno != 0 || buffer.size() >= kMaxFormatted) return -1;
         buffer.resize(buffer.size() * 2);
     }
 }

@@ -51,8 +51,8 @@ Vec Perpendicular(const Vec& w) {
 // inside the plane orthogonal to it, the last as their cross product. Solving the
 // isolated eigenvalue first keeps nearly equal pairs accurate.
 struct Eigen {
-    Vec values;   // ascending
-    Mat vectors;  // rows: unit eigenvectors, a right-handed set
+    Vec values;   // ascending, but in index order for an already diagonal matrix
+    Mat vectors;  // rows: unit eigenvectors of the values, a right-handed set
 };
 
 // The unit eigenvector of `value`: the longest cross product of two rows of a - value I.
@@ -337,7 +337,7 @@ void decomp_affine(const Matrix3& m, AffineParts* parts) {
     }
     const Mat w = StretchedDirections(rows, b, k);
 
-    Mat q;  // Q = V^T-weighted sum of the directions: Q[r][c] = sum_i v[i][r] w[i][c]
+    Mat q;  // Q = V W^T, with the eigenvectors and the directions as columns
     for (int r = 0; r < 3; ++r)
         for (int c = 0; c < 3; ++c)
             q[r][c] = v[0][r] * w[0][c] + v[1][r] * w[1][c] + v[2][r] * w[2][c];

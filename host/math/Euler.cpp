@@ -4,8 +4,6 @@
 #include <cfloat>
 #include <cmath>
 
-#include "host/math/AngAxis.h"
-
 namespace host {
 
 namespace {
@@ -72,13 +70,13 @@ Extracted RotationToEuler(const Rows& m, int order) {
     auto N = [&m](int r, int c) { return m[c][r]; };
     Extracted e{};
     if (!IsRepeatingEulerOrder(order)) {
-        const double cy = std::hypot(N(i, i), N(j, i));
+        const double cy = std::sqrt(N(i, i) * N(i, i) + N(j, i) * N(j, i));
         e.locked = cy <= kGimbal;
         e.a[0] = e.locked ? std::atan2(-N(j, k), N(j, j)) : std::atan2(N(k, j), N(k, k));
         e.a[1] = std::atan2(-N(k, i), cy);
         e.a[2] = e.locked ? 0.0 : std::atan2(N(j, i), N(i, i));
     } else {
-        const double sy = std::hypot(N(i, j), N(i, k));
+        const double sy = std::sqrt(N(i, j) * N(i, j) + N(i, k) * N(i, k));
         e.locked = sy <= kGimbal;
         e.a[0] = e.locked ? std::atan2(-N(j, k), N(j, j)) : std::atan2(N(i, j), N(i, k));
         e.a[1] = std::atan2(sy, N(i, i));
@@ -148,9 +146,9 @@ void EulerToQuat(const float* angles, Quat& q, int order) {
     q.Identity();
     // A quaternion turns the other way from a matrix rotation of the same angle.
     for (int n = 0; n < 3; ++n) {
-        Point3 axis;
-        axis[kAxes[order][n]] = 1.0f;
-        q *= Quat(AngAxis(axis, -angles[n]));
+        Quat turn(0.0f, 0.0f, 0.0f, std::cos(angles[n] * 0.5f));
+        turn[kAxes[order][n]] = -std::sin(angles[n] * 0.5f);
+        q *= turn;
     }
 }
 

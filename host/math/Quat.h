@@ -25,8 +25,8 @@ struct Quat {
     // The identity.
     constexpr Quat() = default;
     constexpr Quat(float x_, float y_, float z_, float w_) : x(x_), y(y_), z(z_), w(w_) {}
-    // The rotation of a matrix's 3x3 part (Shepperd's method), normalised. Scale in the
-    // matrix distorts the result: orthogonalise first (OrthoQuat) when it may be there.
+    // The rotation of a matrix's 3x3 part (Shepperd's method), normalised, with w >= 0. Scale in
+    // the matrix distorts the result: orthogonalise first (OrthoQuat) when it may be there.
     explicit Quat(const Matrix3& m);
     Quat(const AngAxis& aa);  // NOLINT: an axis and angle converts implicitly, as in the host
 

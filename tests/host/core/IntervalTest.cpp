@@ -2,61 +2,42 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <utility>
+
 namespace host {
-namespace {
 
-// Each intersection is checked against membership of both operands over a window of times.
-TEST(IntervalTest, IntersectionTable) {
-    struct Case {
-        Interval a, b, expected;
-    };
-    const Case cases[] = {
-        {{0, 10}, {5, 20}, {5, 10}},    // overlap
-        {{0, 10}, {10, 20}, {10, 10}},  // touching ends: a single instant
-        {{0, 10}, {11, 20}, NEVER},     // disjoint
-        {FOREVER, {-7, 7}, {-7, 7}},    // FOREVER is neutral
-        {NEVER, FOREVER, NEVER},
-        {{5, 3}, FOREVER, NEVER},  // reversed bounds are empty
-        {{TIME_NegInfinity, 0}, {0, TIME_PosInfinity}, {0, 0}},
-    };
-    for (const Case& c : cases) {
-        const Interval got = c.a & c.b;
-        EXPECT_EQ(got, c.b & c.a);
-        // Empty results are normalised to NEVER's bounds.
-        EXPECT_EQ(got.Start(), c.expected.Start());
-        EXPECT_EQ(got.End(), c.expected.End());
+// Each intersection is checked against both operands over a window; empty ones get NEVER's bounds.
+TEST(IntervalTest, IntersectionMembershipAndDuration) {
+    const std::pair<Interval, Interval> cases[] = {
+        {{0, 10}, {5, 20}},  {{0, 10}, {10, 20}},
+        {{0, 10}, {11, 20}}, {FOREVER, {-7, 7}},
+        {NEVER, FOREVER},    {{5, 3}, FOREVER},
+        {{5, 4}, {5, 4}},    {{TIME_NegInfinity, 0}, {0, TIME_PosInfinity}}};
+    for (const auto& [a, b] : cases) {
+        const Interval got = a & b;
+        int members = 0;
         for (TimeValue t = -25; t <= 25; ++t) {
-            EXPECT_EQ(got.InInterval(t), c.a.InInterval(t) && c.b.InInterval(t)) << t;
+            EXPECT_EQ(got.InInterval(t), a.InInterval(t) && b.InInterval(t)) << t;
+            members += got.InInterval(t) ? 1 : 0;
         }
+        EXPECT_EQ(got.Duration(), members);
+        EXPECT_EQ(got.Empty(), members == 0);
+        EXPECT_EQ(got.Start() == NEVER.Start() && got.End() == NEVER.End(), members == 0);
     }
-}
-
-TEST(IntervalTest, BoundsEmptinessAndDuration) {
-    for (const Interval& empty : {Interval(), NEVER, Interval(5, 3)}) {
-        EXPECT_TRUE(empty.Empty());
-        EXPECT_EQ(empty.Duration(), 0);
-        EXPECT_EQ(empty, NEVER);
-        for (TimeValue t : {TIME_NegInfinity, 3, 4, 5}) EXPECT_FALSE(empty.InInterval(t));
-    }
-    const Interval iv(-3, 7);
-    EXPECT_TRUE(iv.InInterval(-3) && iv.InInterval(7));
-    EXPECT_FALSE(iv.InInterval(-4) || iv.InInterval(8));
-    EXPECT_EQ(iv.Duration(), 11);
-    EXPECT_NE(iv, Interval(-3, 8));
     EXPECT_EQ(FOREVER.Duration(), int64_t{1} << 32);
-    EXPECT_TRUE(FOREVER.InInterval(TIME_NegInfinity) && FOREVER.InInterval(TIME_PosInfinity));
+    EXPECT_FALSE(NEVER.InInterval(TIME_NegInfinity));
+    EXPECT_TRUE(Interval(5, 3) == NEVER && Interval(-3, 7) != Interval(-3, 8));
 }
 
-TEST(IntervalTest, SecondsAndTicks) {
-    EXPECT_EQ(SecToTicks(-2.5), -12000);
-    EXPECT_EQ(SecToTicks(0.4 / TIME_TICKSPERSEC), 0);  // nearest tick
-    EXPECT_EQ(SecToTicks(0.6 / TIME_TICKSPERSEC), 1);
-    EXPECT_EQ(SecToTicks(-0.6 / TIME_TICKSPERSEC), -1);
-    EXPECT_EQ(SecToTicks(1e12), TIME_PosInfinity);
-    EXPECT_EQ(SecToTicks(-1e12), TIME_NegInfinity);
-    EXPECT_DOUBLE_EQ(TicksToSec(2400), 0.5);
-    for (TimeValue t : {-4801, -1, 1, 4799, 123456789}) EXPECT_EQ(SecToTicks(TicksToSec(t)), t);
+// Nearest tick with halves away from zero, saturation at the infinities, and NaN to 0.
+TEST(IntervalTest, SecondsToTicks) {
+    const std::pair<double, TimeValue> ticks[] = {{0.4, 0},   {0.6, 1}, {-0.6, -1}, {0.5, 1},
+                                                  {-0.5, -1}, {2.5, 3}, {-2.5, -3}};
+    for (const auto& [in, out] : ticks) EXPECT_EQ(SecToTicks(in / TIME_TICKSPERSEC), out) << in;
+    EXPECT_TRUE(SecToTicks(1e6) == TIME_PosInfinity && SecToTicks(-1e6) == TIME_NegInfinity);
+    EXPECT_EQ(SecToTicks(NAN), 0);
+    for (TimeValue t : {-4801, 1, 123456789}) EXPECT_EQ(SecToTicks(TicksToSec(t)), t);
 }
 
-}  // namespace
 }  // namespace host

@@ -14,82 +14,55 @@ using test::SameRotation;
 constexpr const char* kOrderNames[kEulerOrderCount] = {"XYZ", "XZY", "YZX", "YXZ", "ZXY",
                                                        "ZYX", "XYX", "YZY", "ZXZ"};
 
-Matrix3 Euler(int order, float e0, float e1, float e2) {
-    const float e[3] = {e0, e1, e2};
+Matrix3 EulerMatrix(int order, const float* e) {
     Matrix3 m;
     EulerToMatrix(e, m, order);
     return m;
 }
 
-TEST(Euler, OrderCodesNameTheirAxes) {
+Quat EulerQuat(int order, const float* e) {
+    Quat q;
+    EulerToQuat(e, q, order);
+    return q;
+}
+
+TEST(Euler, OrderCodesNameTheirAxesInOrderOfApplication) {
     for (int order = 0; order < kEulerOrderCount; ++order) {
         std::string name;
         for (int step = 0; step < 3; ++step) name += char('X' + EulerAxis(order, step));
         EXPECT_EQ(name, kOrderNames[order]);
     }
-    // The first angle is applied first: with row vectors that is the leftmost factor.
-    EXPECT_TRUE(MatrixNear(Euler(EULERTYPE_ZXY, 0.1f, 0.2f, 0.3f),
+    const float e[3] = {0.1f, 0.2f, 0.3f};  // the first angle is the leftmost factor
+    EXPECT_TRUE(MatrixNear(EulerMatrix(EULERTYPE_ZXY, e),
                            RotateZMatrix(0.1f) * RotateXMatrix(0.2f) * RotateYMatrix(0.3f), 1e-6f));
-    EXPECT_TRUE(MatrixNear(Euler(EULERTYPE_YZY, 0.1f, 0.2f, 0.3f),
+    EXPECT_TRUE(MatrixNear(EulerMatrix(EULERTYPE_YZY, e),
                            RotateYMatrix(0.1f) * RotateZMatrix(0.2f) * RotateYMatrix(0.3f), 1e-6f));
 }
 
-TEST(Euler, QuaternionAndMatrixFormsAgree) {
-    MathRandom rnd(20);
-    for (int order = 0; order < kEulerOrderCount; ++order) {
-        SCOPED_TRACE(kOrderNames[order]);
-        for (int n = 0; n < 300; ++n) {
-            const float e[3] = {rnd.Uniform(-7, 7), rnd.Uniform(-7, 7), rnd.Uniform(-7, 7)};
-            Matrix3 m;
-            Quat q;
-            EulerToMatrix(e, m, order);
-            EulerToQuat(e, q, order);
-            ASSERT_TRUE(MatrixNear(QuatMatrix(q), m, 1e-5f));
-        }
-    }
-}
-
-// Angles -> rotation -> angles -> rotation must give the rotation back, in every
-// order, also for the gimbal-locked middle angles.
+// Angles -> rotation -> angles -> rotation gives the rotation back in every order, for
+// the gimbal-locked middle angles too; the quaternion and matrix forms agree, the
+// middle angle lies in its principal range, and scale in a matrix is ignored.
 TEST(Euler, ConversionsInvertEachOtherInEveryOrder) {
     MathRandom rnd(21);
     for (int order = 0; order < kEulerOrderCount; ++order) {
         SCOPED_TRACE(kOrderNames[order]);
         const bool repeating = IsRepeatingEulerOrder(order);
         const float locked[] = {repeating ? 0.0f : kPi / 2, repeating ? kPi : -kPi / 2};
+        const float lo = repeating ? 0.0f : -kPi / 2, hi = repeating ? kPi : kPi / 2;
         for (int n = 0; n < 600; ++n) {
             float e[3] = {rnd.Uniform(-7, 7), rnd.Uniform(-7, 7), rnd.Uniform(-7, 7)};
             if (n % 6 == 0) e[1] = locked[n / 6 % 2];
-            Quat q;
-            Matrix3 m;
-            EulerToQuat(e, q, order);
-            EulerToMatrix(e, m, order);
-
+            const Matrix3 m = EulerMatrix(order, e);
+            ASSERT_TRUE(MatrixNear(QuatMatrix(EulerQuat(order, e)), m, 1e-5f));
             float fromQuat[3], fromMatrix[3];
-            QuatToEuler(q, fromQuat, order);
-            MatrixToEuler(m, fromMatrix, order);
-            ASSERT_TRUE(MatrixNear(Euler(order, fromQuat[0], fromQuat[1], fromQuat[2]), m, 2e-5f))
+            QuatToEuler(EulerQuat(order, e), fromQuat, order);
+            MatrixToEuler(ScaleMatrix({2, 0.5f, 3}) * m, fromMatrix, order);
+            ASSERT_TRUE(MatrixNear(EulerMatrix(order, fromQuat), m, 2e-5f))
                 << e[0] << " " << e[1] << " " << e[2];
-            ASSERT_TRUE(
-                MatrixNear(Euler(order, fromMatrix[0], fromMatrix[1], fromMatrix[2]), m, 2e-5f));
-
-            // The principal ranges: middle angle in -pi/2..pi/2 (0..pi when repeating).
-            const float lo = repeating ? 0.0f : -kPi / 2, hi = repeating ? kPi : kPi / 2;
-            EXPECT_GE(fromQuat[1], lo - 1e-6f);
-            EXPECT_LE(fromQuat[1], hi + 1e-6f);
-            for (float a : fromQuat) EXPECT_LE(std::fabs(a), kPi + 1e-6f);
+            ASSERT_TRUE(MatrixNear(EulerMatrix(order, fromMatrix), m, 2e-5f));
+            EXPECT_TRUE(fromQuat[1] >= lo - 1e-6f && fromQuat[1] <= hi + 1e-6f) << fromQuat[1];
         }
     }
-}
-
-TEST(Euler, MatrixToEulerIgnoresScale) {
-    const Matrix3 m = ScaleMatrix({2, 3, 0.5f}) * Euler(EULERTYPE_YXZ, 0.3f, -0.4f, 1.2f);
-    float e[3];
-    MatrixToEuler(m, e, EULERTYPE_YXZ);
-    // The rotation of a matrix with non-uniform scale is its orthogonalised rows.
-    Matrix3 rotation = m;
-    rotation.Orthogonalize();
-    EXPECT_TRUE(MatrixNear(Euler(EULERTYPE_YXZ, e[0], e[1], e[2]), rotation, 1e-5f));
 }
 
 double Distance2(const double* a, const float* ref) {
@@ -98,8 +71,8 @@ double Distance2(const double* a, const float* ref) {
     return d;
 }
 
-// No triple of the same rotation, within two turns of each angle, is nearer the
-// reference than the one ContinuousQuatToEuler returns.
+// No triple of the same rotation (either solution, within four turns of each angle)
+// is nearer the reference than the one ContinuousQuatToEuler returns.
 TEST(Euler, ContinuousConversionReturnsTheNearestEquivalentAngles) {
     MathRandom rnd(22);
     for (int order = 0; order < kEulerOrderCount; ++order) {
@@ -107,28 +80,23 @@ TEST(Euler, ContinuousConversionReturnsTheNearestEquivalentAngles) {
         for (int n = 0; n < 300; ++n) {
             const Quat q = rnd.Rotation();
             const float ref[3] = {rnd.Uniform(-15, 15), rnd.Uniform(-15, 15), rnd.Uniform(-15, 15)};
-            float got[3] = {ref[0], ref[1], ref[2]};
+            float got[3] = {ref[0], ref[1], ref[2]}, base[3];
             ContinuousQuatToEuler(q, got, order);
-            Quat back;
-            EulerToQuat(got, back, order);
-            ASSERT_TRUE(SameRotation(back, q, 3e-5f));
-
-            float base[3];
+            ASSERT_TRUE(SameRotation(EulerQuat(order, got), q, 3e-5f));
             QuatToEuler(q, base, order);
-            const double other1 = IsRepeatingEulerOrder(order) ? -base[1] : M_PI - base[1];
+            const double other = IsRepeatingEulerOrder(order) ? -base[1] : M_PI - base[1];
             const double solutions[2][3] = {{base[0], base[1], base[2]},
-                                            {base[0] + M_PI, other1, base[2] + M_PI}};
-            double bestD = 1e30;
+                                            {base[0] + M_PI, other, base[2] + M_PI}};
+            double best = 1e30;
             for (const auto& s : solutions)
-                for (int i = -4; i <= 4; ++i)
-                    for (int j = -4; j <= 4; ++j)
-                        for (int k = -4; k <= 4; ++k) {
-                            const double c[3] = {s[0] + 2 * M_PI * i, s[1] + 2 * M_PI * j,
-                                                 s[2] + 2 * M_PI * k};
-                            bestD = std::min(bestD, Distance2(c, ref));
-                        }
+                for (int t = 0; t < 9 * 9 * 9; ++t) {
+                    const double c[3] = {s[0] + 2 * M_PI * (t % 9 - 4),
+                                         s[1] + 2 * M_PI * (t / 9 % 9 - 4),
+                                         s[2] + 2 * M_PI * (t / 81 - 4)};
+                    best = std::min(best, Distance2(c, ref));
+                }
             const double gotD[3] = {got[0], got[1], got[2]};
-            EXPECT_LE(Distance2(gotD, ref), bestD + 1e-3);
+            EXPECT_LE(Distance2(gotD, ref), best + 1e-3);
         }
     }
 }
@@ -143,10 +111,8 @@ TEST(Euler, ContinuousConversionKeepsAnglesThatAlreadyFit) {
         for (int n = 0; n < 300; ++n) {
             float e[3] = {rnd.Uniform(-20, 20), rnd.Uniform(-20, 20), rnd.Uniform(-20, 20)};
             if (n % 3 == 0) e[1] = (n % 2 ? 1 : -1) * locked + 2 * kPi * float(n % 4);
-            Quat q;
-            EulerToQuat(e, q, order);
             float got[3] = {e[0], e[1], e[2]};
-            ContinuousQuatToEuler(q, got, order);
+            ContinuousQuatToEuler(EulerQuat(order, e), got, order);
             for (int i = 0; i < 3; ++i) EXPECT_NEAR(got[i], e[i], 2e-3f);
         }
     }
@@ -160,57 +126,39 @@ TEST(Euler, ContinuousConversionFollowsTwoFullTurnsWithoutJumps) {
     const Point3 axes[] = {Point3::XAxis, Point3::YAxis, Point3::ZAxis,
                            Normalize(Point3(1, 2, 0.5f)), Normalize(Point3(-0.3f, 0.1f, 1))};
     const Quat start = Quat(AngAxis(Normalize(Point3(0.2f, -1, 0.4f)), 0.3f));
-    const int steps = 1440;
-    const float step = 4 * kPi / steps;
+    constexpr int kSteps = 1440;  // half a degree each
     for (int order = 0; order < kEulerOrderCount; ++order) {
         for (int a = 0; a < 5; ++a) {
             SCOPED_TRACE(std::string(kOrderNames[order]) + " axis " + std::to_string(a));
             for (const Quat& origin : {IsRepeatingEulerOrder(order) ? start : Quat(), start}) {
                 float e[3];
                 QuatToEuler(origin, e, order);
-                for (int n = 1; n <= steps; ++n) {
-                    const Quat q = origin * Quat(AngAxis(axes[a], n * step));
+                for (int n = 1; n <= kSteps; ++n) {
+                    const Quat q = origin * Quat(AngAxis(axes[a], n * 4 * kPi / kSteps));
                     const float before[3] = {e[0], e[1], e[2]};
                     ContinuousQuatToEuler(q, e, order);
-                    Quat back;
-                    EulerToQuat(e, back, order);
-                    ASSERT_TRUE(SameRotation(back, q, 5e-5f)) << "step " << n;
-                    const float change = std::fabs(e[0] - before[0]) + std::fabs(e[1] - before[1]) +
-                                         std::fabs(e[2] - before[2]);
-                    // Far from gimbal lock a step of 0.5 degrees moves the angles by about
-                    // that much; near it the first and third angles may swing faster, but
-                    // never by a flip or a whole turn.
-                    ASSERT_LT(change, 0.75f) << "step " << n;
+                    ASSERT_TRUE(SameRotation(EulerQuat(order, e), q, 5e-5f)) << "step " << n;
+                    // Near gimbal lock the outer angles may swing fast, but never flip.
+                    ASSERT_LT(std::fabs(e[0] - before[0]) + std::fabs(e[1] - before[1]) +
+                                  std::fabs(e[2] - before[2]),
+                              0.75f)
+                        << "step " << n;
                 }
             }
         }
-    }
-}
-
-TEST(Euler, TurningAboutOneEulerAxisWindsOnlyThatAngle) {
-    // From the identity, a turn about an order's middle axis passes straight through
-    // gimbal lock for orders 0 to 5; the other angles must stay at 0 and the middle
-    // one must wind on to two full turns.
-    for (int order = 0; order < 6; ++order) {
-        SCOPED_TRACE(kOrderNames[order]);
-        Point3 axis;
-        axis[EulerAxis(order, 1)] = 1.0f;
+        if (IsRepeatingEulerOrder(order)) continue;
+        // From the identity, a turn about the middle axis passes straight through gimbal
+        // lock: the outer angles stay 0 and the middle one winds on to two turns.
+        Point3 middle;
+        middle[EulerAxis(order, 1)] = 1.0f;
         float e[3] = {0, 0, 0};
-        for (int n = 1; n <= 1440; ++n) {
-            ContinuousQuatToEuler(Quat(AngAxis(axis, -n * kPi / 360)), e, order);
-            ASSERT_NEAR(e[0], 0.0f, 1e-4f) << n;
-            ASSERT_NEAR(e[2], 0.0f, 1e-4f) << n;
+        for (int n = 1; n <= kSteps; ++n) {
+            ContinuousQuatToEuler(Quat(AngAxis(middle, -n * 4 * kPi / kSteps)), e, order);
+            ASSERT_TRUE(std::fabs(e[0]) < 1e-4f && std::fabs(e[2]) < 1e-4f)
+                << kOrderNames[order] << n;
         }
         EXPECT_NEAR(e[1], 4 * kPi, 1e-3f);
     }
-    // For a repeating order the identity itself is locked: a turn about the first axis
-    // is shared evenly by the first and third angles.
-    float e[3] = {0, 0, 0};
-    for (int n = 1; n <= 1440; ++n)
-        ContinuousQuatToEuler(Quat(AngAxis(Point3::XAxis, -n * kPi / 360)), e, EULERTYPE_XYX);
-    EXPECT_NEAR(e[0] + e[2], 4 * kPi, 1e-3f);
-    EXPECT_NEAR(e[0], e[2], 1e-3f);
-    EXPECT_NEAR(e[1], 0.0f, 1e-5f);
 }
 
 }  // namespace

@@ -32,10 +32,7 @@ inline ::testing::AssertionResult MatrixNear(const Matrix3& a, const Matrix3& b,
 }
 
 inline ::testing::AssertionResult PointNear(const Point3& a, const Point3& b, float eps) {
-    if (a.Equals(b, eps)) return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure()
-           << "(" << a.x << ", " << a.y << ", " << a.z << ") differs from (" << b.x << ", " << b.y
-           << ", " << b.z << ")";
+    return MatrixNear(TransMatrix(a), TransMatrix(b), eps);
 }
 
 // q and -q are the same rotation.
