@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/core/WStr.h"
+#include "host/object/ClassId.h"
+
+namespace host {
+
+// The root of the object model: identity, sub-anims, interfaces and the flag word.
+class Animatable {
+public:
+    Animatable() = default;
+    Animatable(const Animatable&) = delete;
+    Animatable& operator=(const Animatable&) = delete;
+    virtual ~Animatable() = default;
+
+    virtual Class_ID ClassID() { return Class_ID(); }
+    virtual SClass_ID SuperClassID() { return 0; }
+    virtual WStr GetClassName() { return WStr(); }
+    // Destroys the object at once, outside the reference system's bookkeeping: for
+    // objects nothing refers to and no undo record keeps.
+    virtual void DeleteThis() { delete this; }
+
+    virtual int NumSubs() { return 0; }
+    virtual Animatable* SubAnim(int) { return nullptr; }
+    virtual WStr SubAnimName(int) { return WStr(); }
+
+    // An interface by its numeric id, or null.
+    virtual void* GetInterface(uint32_t) { return nullptr; }
+
+    void SetAFlag(uint32_t mask) { flags_ |= mask; }
+    void ClearAFlag(uint32_t mask) { flags_ &= ~mask; }
+    bool TestAFlag(uint32_t mask) const { return (flags_ & mask) != 0; }
+
+private:
+    uint32_t flags_ = 0;
+};
+
+}  // namespace host

@@ -1,0 +1,55 @@
+#include "host/object/RefSystem.h"
+
+#include "host/object/Hold.h"
+
+namespace host {
+
+namespace {
+
+ReferenceTarget* AsTarget(ReferenceMaker* maker) {
+    return maker->IsRefTarget() ? static_cast<ReferenceTarget*>(maker) : nullptr;
+}
+
+// Undo and redo of one reference change. It keeps the maker and both targets alive
+// for as long as it exists, so that undo can always put them back.
+class ReferenceRestore : public RestoreObj {
+public:
+    ReferenceRestore(ReferenceMaker* maker, int slot, ReferenceTarget* before,
+                     ReferenceTarget* after)
+        : maker_(maker),
+          slot_(slot),
+          pins_{TargetPin(AsTarget(maker)), TargetPin(before), TargetPin(after)} {}
+    void Restore(bool) override { RefSystem::Link(maker_, slot_, pins_[1].get()); }
+    void Redo() override { RefSystem::Link(maker_, slot_, pins_[2].get()); }
+    WStr Description() override { return WStr(L"Reference"); }
+
+private:
+    ReferenceMaker* maker_;
+    int slot_;
+    TargetPin pins_[3];  // the maker (when it is a target), the target before, the target after
+};
+
+}  // namespace
+
+void RefSystem::Link(ReferenceMaker* maker, int i, ReferenceTarget* target) {
+    ReferenceTarget* old = maker->GetReference(i);
+    if (old == target) return;
+    if (target) target->AddDependent(maker);
+    maker->SetReference(i, target);
+    if (old) old->RemoveDependent(maker);
+}
+
+void RefSystem::SetRef(ReferenceMaker* maker, int i, ReferenceTarget* target, bool delOld) {
+    ReferenceTarget* old = maker->GetReference(i);
+    if (old == target) return;
+    if (theHold.Holding()) theHold.Put(new ReferenceRestore(maker, i, old, target));
+    Link(maker, i, target);
+    if (!old || old->HasDependents()) return;
+    if (delOld) {
+        old->Release();
+    } else {
+        old->ownedByRefs_ = false;  // the caller keeps it
+    }
+}
+
+}  // namespace host

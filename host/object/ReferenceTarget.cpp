@@ -1,0 +1,156 @@
+#include "host/object/ReferenceTarget.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "host/object/Hold.h"
+#include "host/object/RefSystem.h"
+
+namespace host {
+
+ReferenceTarget::~ReferenceTarget() {
+    assert(NumDependents() == 0);
+}
+
+int ReferenceTarget::NumDependents() const {
+    return int(std::count_if(dependents_.begin(), dependents_.end(),
+                             [](const Dependent& d) { return d.maker != nullptr; }));
+}
+
+void ReferenceTarget::AddDependent(ReferenceMaker* maker) {
+    ownedByRefs_ = true;
+    for (Dependent& d : dependents_)
+        if (d.maker == maker) {
+            ++d.slots;
+            return;
+        }
+    dependents_.push_back({maker, 1});
+}
+
+void ReferenceTarget::RemoveDependent(ReferenceMaker* maker) {
+    for (size_t k = 0; k < dependents_.size(); ++k) {
+        Dependent& d = dependents_[k];
+        if (d.maker != maker || --d.slots > 0) continue;
+        // While a notification walks the list, leave a hole instead of moving entries.
+        if (iterating_ > 0) {
+            d.maker = nullptr;
+            holes_ = true;
+        } else {
+            dependents_.erase(dependents_.begin() + std::ptrdiff_t(k));
+        }
+        return;
+    }
+}
+
+void ReferenceTarget::Compact() {
+    if (!holes_) return;
+    std::erase_if(dependents_, [](const Dependent& d) { return d.maker == nullptr; });
+    holes_ = false;
+}
+
+RefResult ReferenceTarget::NotifyDependents(const Interval& changeInt, PartID partID,
+                                            RefMessage message, SClass_ID sclass, bool propagate) {
+    if (RefMsgsDisabled()) return REF_SUCCEED;
+    Pin();
+    ++iterating_;
+    // Dependents added meanwhile are not reached; removed ones leave holes.
+    const size_t count = dependents_.size();
+    for (size_t k = 0; k < count; ++k) {
+        ReferenceMaker* maker = dependents_[k].maker;
+        if (!maker || (sclass != NOTIFY_ALL && maker->SuperClassID() != sclass)) continue;
+        RefSystem::Deliver(maker, changeInt, this, partID, message, propagate);
+    }
+    if (--iterating_ == 0) Compact();
+    Unpin();
+    return REF_SUCCEED;
+}
+
+void ReferenceTarget::DeleteMe() {
+    Pin();
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_TARGET_DELETED, NOTIFY_ALL, false);
+    // Cut every reference to this object, recorded when holding.
+    while (HasDependents()) {
+        auto live = std::find_if(dependents_.begin(), dependents_.end(),
+                                 [](const Dependent& d) { return d.maker != nullptr; });
+        ReferenceMaker* maker = live->maker;
+        for (int i = 0; i < maker->NumRefs(); ++i)
+            if (maker->GetReference(i) == this) RefSystem::SetRef(maker, i, nullptr, false);
+        assert(std::none_of(dependents_.begin(), dependents_.end(),
+                            [maker](const Dependent& d) { return d.maker == maker; }));
+        RemoveDependent(maker);  // a maker that lied about its slots must not loop forever
+    }
+    Release();
+    Unpin();
+}
+
+void ReferenceTarget::Release() {
+    if (releasing_) return;
+    Pin();
+    releasing_ = true;
+    DeleteAllRefsFromMe();
+    releasing_ = false;
+    ownedByRefs_ = true;
+    Unpin();
+}
+
+void ReferenceTarget::Unpin() {
+    assert(pins_ > 0);
+    if (--pins_ > 0 || !ownedByRefs_ || releasing_ || iterating_ > 0 || HasDependents()) return;
+    Destroy();
+}
+
+void ReferenceTarget::Destroy() {
+    // What an undo could still have brought back is gone with the records: cut what is
+    // left of this object's references without recording it.
+    Pin();
+    releasing_ = true;
+    theHold.Suspend();
+    DeleteAllRefsFromMe();
+    theHold.Resume();
+    DeleteThis();
+}
+
+bool ReferenceTarget::EnumDependents(DependentEnumProc* proc,
+                                     std::vector<ReferenceMaker*>& visited) {
+    DependentIterator it(this);
+    while (ReferenceMaker* maker = it.Next()) {
+        if (std::find(visited.begin(), visited.end(), maker) != visited.end()) continue;
+        visited.push_back(maker);
+        const DepEnumResult r = proc->proc(maker);
+        if (r == DEP_ENUM_HALT) return false;
+        if (r == DEP_ENUM_SKIP || !maker->IsRefTarget()) continue;
+        if (!static_cast<ReferenceTarget*>(maker)->EnumDependents(proc, visited)) return false;
+    }
+    return true;
+}
+
+void ReferenceTarget::DoEnumDependents(DependentEnumProc* proc) {
+    std::vector<ReferenceMaker*> visited;
+    EnumDependents(proc, visited);
+}
+
+RefResult ReferenceTarget::TestForLoop(const Interval&, ReferenceMaker* maker) {
+    if (maker == this) return REF_FAIL;
+    if (!maker->IsRefTarget()) return REF_SUCCEED;  // nothing can depend on a plain maker
+    struct Finder : DependentEnumProc {
+        ReferenceMaker* wanted;
+        bool found = false;
+        explicit Finder(ReferenceMaker* w) : wanted(w) {}
+        DepEnumResult proc(ReferenceMaker* m) override {
+            found = m == wanted;
+            return found ? DEP_ENUM_HALT : DEP_ENUM_CONTINUE;
+        }
+    } finder(this);
+    static_cast<ReferenceTarget*>(maker)->DoEnumDependents(&finder);
+    return finder.found ? REF_FAIL : REF_SUCCEED;
+}
+
+ReferenceMaker* DependentIterator::Next() {
+    while (next_ < target_->dependents_.size()) {
+        ReferenceMaker* maker = target_->dependents_[next_++].maker;
+        if (maker) return maker;
+    }
+    return nullptr;
+}
+
+}  // namespace host

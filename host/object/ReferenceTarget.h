@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/object/ReferenceMaker.h"
+
+namespace host {
+
+inline constexpr SClass_ID NOTIFY_ALL = 0xFFFFFFF0;
+
+// What a DependentEnumProc answers for each dependent.
+enum DepEnumResult : int { DEP_ENUM_CONTINUE = 0, DEP_ENUM_HALT = 1, DEP_ENUM_SKIP = 2 };
+
+class DependentEnumProc {
+public:
+    virtual ~DependentEnumProc() = default;
+    virtual DepEnumResult proc(ReferenceMaker* rmaker) = 0;
+};
+
+// An object others can refer to.
+//
+// Lifetime: a target lives while makers refer to it or undo records keep it (pins).
+// Once it has had a dependent it belongs to the reference system: losing the last one
+// through ReplaceReference (with delOld) or DeleteMe deletes it, which cuts its own
+// references too; while undo records still pin it, it waits, so that undo can bring
+// it back, and goes when the last record does. A target that was never referred to
+// (or was let go with delOld false) belongs to whoever holds it.
+class ReferenceTarget : public ReferenceMaker {
+public:
+    ~ReferenceTarget() override;
+    bool IsRefTarget() final { return true; }
+
+    // Sends message to every dependent (only those of superclass sclass unless
+    // NOTIFY_ALL); each passes it on to its own dependents unless it answers REF_STOP
+    // or propagate is false.
+    RefResult NotifyDependents(const Interval& changeInt, PartID partID, RefMessage message,
+                               SClass_ID sclass = NOTIFY_ALL, bool propagate = true);
+    // Sends REFMSG_TARGET_DELETED to the dependents, cuts their references to this
+    // object and its own references, and deletes it (kept by open undo records).
+    void DeleteMe();
+    // REF_FAIL when maker referring to this object would close a cycle: maker is this
+    // object, or this object already depends on maker (is among its dependents, directly
+    // or not). The walk follows the same dependency lists that messages travel.
+    RefResult TestForLoop(const Interval& refInterval, ReferenceMaker* maker);
+    // Calls proc for every dependent, indirect ones included, each once.
+    void DoEnumDependents(DependentEnumProc* proc);
+
+    int NumDependents() const;
+    bool HasDependents() const { return NumDependents() > 0; }
+
+private:
+    friend class ReferenceMaker;
+    friend class RefSystem;
+    friend class DependentIterator;
+    friend class TargetPin;
+    struct Dependent {
+        ReferenceMaker* maker;
+        int slots;  // how many of the maker's slots refer here
+    };
+
+    void AddDependent(ReferenceMaker* maker);
+    void RemoveDependent(ReferenceMaker* maker);
+    void Compact();
+    void Pin() { ++pins_; }
+    void Unpin();
+    // Deleted (DeleteMe, or the last dependent let go with delOld): cuts its own
+    // references, recorded when holding, and goes unless something still pins it.
+    void Release();
+    // The end of a deleted object nothing pins any more.
+    void Destroy();
+    bool EnumDependents(DependentEnumProc* proc, std::vector<ReferenceMaker*>& visited);
+
+    std::vector<Dependent> dependents_;
+    int iterating_ = 0;  // notifications running over dependents_: removals leave holes
+    bool holes_ = false;
+    int pins_ = 0;  // undo records and running notifications that keep this alive
+    bool ownedByRefs_ = false;
+    bool releasing_ = false;
+};
+
+// Keeps a target alive for as long as it exists, the way undo records do: a restore
+// object that changes a target holds one, so that undo always finds its target.
+class TargetPin {
+public:
+    explicit TargetPin(ReferenceTarget* target) : target_(target) {
+        if (target_) target_->Pin();
+    }
+    TargetPin(const TargetPin&) = delete;
+    TargetPin& operator=(const TargetPin&) = delete;
+    ~TargetPin() {
+        if (target_) target_->Unpin();
+    }
+    ReferenceTarget* get() const { return target_; }
+
+private:
+    ReferenceTarget* target_;
+};
+
+// The direct dependents of a target, one by one.
+class DependentIterator {
+public:
+    explicit DependentIterator(ReferenceTarget* target) : target_(target) {}
+    ReferenceMaker* Next();
+    void Reset() { next_ = 0; }
+
+private:
+    ReferenceTarget* target_;
+    size_t next_ = 0;
+};
+
+}  // namespace host
