@@ -42,14 +42,23 @@ void RefSystem::Link(ReferenceMaker* maker, int i, ReferenceTarget* target) {
 void RefSystem::SetRef(ReferenceMaker* maker, int i, ReferenceTarget* target, bool delOld) {
     ReferenceTarget* old = maker->GetReference(i);
     if (old == target) return;
-    if (theHold.Holding()) theHold.Put(new ReferenceRestore(maker, i, old, target));
+    // A weak reference owns nothing: no undo record, and its old target stays.
+    const bool strong = maker->IsRealDependency(old ? old : target);
+    if (strong && theHold.Holding()) theHold.Put(new ReferenceRestore(maker, i, old, target));
     Link(maker, i, target);
-    if (!old || old->HasDependents()) return;
+    if (!strong || !old || old->HasStrongDependents()) return;
     if (delOld) {
-        old->Release();
+        old->DeleteMe();
     } else {
         old->ownedByRefs_ = false;  // the caller keeps it
     }
+}
+
+void RefSystem::AutoDelete(ReferenceMaker* maker) {
+    theHold.Suspend();
+    for (int i = 0; i < maker->NumRefs(); ++i) SetRef(maker, i, nullptr, false);
+    theHold.Resume();
+    maker->DeleteThis();
 }
 
 }  // namespace host

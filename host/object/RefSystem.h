@@ -13,6 +13,9 @@ public:
     static void SetRef(ReferenceMaker* maker, int i, ReferenceTarget* target, bool delOld);
     // Points the slot and keeps the dependency lists, nothing else.
     static void Link(ReferenceMaker* maker, int i, ReferenceTarget* target);
+    // A maker that answered REF_AUTO_DELETE (a weak owner whose target went): the
+    // reference system deletes it, outside undo.
+    static void AutoDelete(ReferenceMaker* maker);
     static RefResult Deliver(ReferenceMaker* maker, const Interval& changeInt,
                              ReferenceTarget* from, PartID partID, RefMessage message,
                              bool propagate) {

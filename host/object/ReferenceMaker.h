@@ -28,6 +28,9 @@ public:
                                        PartID& partID, RefMessage message, bool propagate);
 
     virtual bool IsRefTarget() { return false; }
+    // False for a weak reference (a monitor): it neither owns its target nor keeps it
+    // alive, and its reference changes are not recorded for undo.
+    virtual bool IsRealDependency(ReferenceTarget*) { return true; }
 
 protected:
     // Stores target in slot i. Only the reference system calls it: ReplaceReference,

@@ -17,14 +17,20 @@ int ReferenceTarget::NumDependents() const {
                              [](const Dependent& d) { return d.maker != nullptr; }));
 }
 
+bool ReferenceTarget::HasStrongDependents() const {
+    return std::any_of(dependents_.begin(), dependents_.end(),
+                       [](const Dependent& d) { return d.maker != nullptr && d.strong; });
+}
+
 void ReferenceTarget::AddDependent(ReferenceMaker* maker) {
-    ownedByRefs_ = true;
+    const bool strong = maker->IsRealDependency(this);
+    if (strong) ownedByRefs_ = true;
     for (Dependent& d : dependents_)
         if (d.maker == maker) {
             ++d.slots;
             return;
         }
-    dependents_.push_back({maker, 1});
+    dependents_.push_back({maker, 1, strong});
 }
 
 void ReferenceTarget::RemoveDependent(ReferenceMaker* maker) {
@@ -58,7 +64,9 @@ RefResult ReferenceTarget::NotifyDependents(const Interval& changeInt, PartID pa
     for (size_t k = 0; k < count; ++k) {
         ReferenceMaker* maker = dependents_[k].maker;
         if (!maker || (sclass != NOTIFY_ALL && maker->SuperClassID() != sclass)) continue;
-        RefSystem::Deliver(maker, changeInt, this, partID, message, propagate);
+        if (RefSystem::Deliver(maker, changeInt, this, partID, message, propagate) ==
+            REF_AUTO_DELETE)
+            RefSystem::AutoDelete(maker);
     }
     if (--iterating_ == 0) Compact();
     Unpin();
@@ -66,9 +74,10 @@ RefResult ReferenceTarget::NotifyDependents(const Interval& changeInt, PartID pa
 }
 
 void ReferenceTarget::DeleteMe() {
+    if (deleting_) return;
     Pin();
+    deleting_ = true;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_TARGET_DELETED, NOTIFY_ALL, false);
-    // Cut every reference to this object, recorded when holding.
     while (HasDependents()) {
         auto live = std::find_if(dependents_.begin(), dependents_.end(),
                                  [](const Dependent& d) { return d.maker != nullptr; });
@@ -79,33 +88,23 @@ void ReferenceTarget::DeleteMe() {
                             [maker](const Dependent& d) { return d.maker == maker; }));
         RemoveDependent(maker);  // a maker that lied about its slots must not loop forever
     }
-    Release();
-    Unpin();
-}
-
-void ReferenceTarget::Release() {
-    if (releasing_) return;
-    Pin();
-    releasing_ = true;
     DeleteAllRefsFromMe();
-    releasing_ = false;
+    deleting_ = false;
     ownedByRefs_ = true;
     Unpin();
 }
 
 void ReferenceTarget::Unpin() {
     assert(pins_ > 0);
-    if (--pins_ > 0 || !ownedByRefs_ || releasing_ || iterating_ > 0 || HasDependents()) return;
+    if (--pins_ > 0 || !ownedByRefs_ || deleting_ || iterating_ > 0 || HasStrongDependents())
+        return;
     Destroy();
 }
 
 void ReferenceTarget::Destroy() {
-    // What an undo could still have brought back is gone with the records: cut what is
-    // left of this object's references without recording it.
-    Pin();
-    releasing_ = true;
+    Pin();  // never released: the object ends here
     theHold.Suspend();
-    DeleteAllRefsFromMe();
+    DeleteMe();
     theHold.Resume();
     DeleteThis();
 }

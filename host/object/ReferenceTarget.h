@@ -36,8 +36,10 @@ public:
     // or propagate is false.
     RefResult NotifyDependents(const Interval& changeInt, PartID partID, RefMessage message,
                                SClass_ID sclass = NOTIFY_ALL, bool propagate = true);
-    // Sends REFMSG_TARGET_DELETED to the dependents, cuts their references to this
-    // object and its own references, and deletes it (kept by open undo records).
+    // Sends REFMSG_TARGET_DELETED to the dependents (weak ones too), cuts their references
+    // to this object and its own references, all recorded when holding, and deletes it
+    // once no undo record pins it. Losing the last strong dependent through
+    // ReplaceReference with delOld does the same.
     void DeleteMe();
     // REF_FAIL when maker referring to this object would close a cycle: maker is this
     // object, or this object already depends on maker (is among its dependents, directly
@@ -48,6 +50,8 @@ public:
 
     int NumDependents() const;
     bool HasDependents() const { return NumDependents() > 0; }
+    // Dependents that own this object (not weak references).
+    bool HasStrongDependents() const;
 
 private:
     friend class ReferenceMaker;
@@ -56,7 +60,8 @@ private:
     friend class TargetPin;
     struct Dependent {
         ReferenceMaker* maker;
-        int slots;  // how many of the maker's slots refer here
+        int slots;    // how many of the maker's slots refer here
+        bool strong;  // a real dependency, not a weak reference
     };
 
     void AddDependent(ReferenceMaker* maker);
@@ -64,10 +69,8 @@ private:
     void Compact();
     void Pin() { ++pins_; }
     void Unpin();
-    // Deleted (DeleteMe, or the last dependent let go with delOld): cuts its own
-    // references, recorded when holding, and goes unless something still pins it.
-    void Release();
-    // The end of a deleted object nothing pins any more.
+    // The end of an object nothing owns or pins any more: what is left of its
+    // references is cut without recording it.
     void Destroy();
     bool EnumDependents(DependentEnumProc* proc, std::vector<ReferenceMaker*>& visited);
 
@@ -76,7 +79,7 @@ private:
     bool holes_ = false;
     int pins_ = 0;  // undo records and running notifications that keep this alive
     bool ownedByRefs_ = false;
-    bool releasing_ = false;
+    bool deleting_ = false;
 };
 
 // Keeps a target alive for as long as it exists, the way undo records do: a restore

@@ -17,15 +17,19 @@ protected:
         EXPECT_TRUE(TestTarget::live.empty()) << TestTarget::live.size() << " objects leaked";
         for (TestTarget* t : std::set<TestTarget*>(TestTarget::live)) t->DeleteThis();
     }
+    // n new targets, each referring to the next in slot 0.
+    static std::vector<TestTarget*> Chain(int n) {
+        std::vector<TestTarget*> c(static_cast<size_t>(n));
+        for (auto& t : c) t = new TestTarget;
+        for (size_t i = 0; i + 1 < c.size(); ++i) c[i]->ReplaceReference(0, c[i + 1]);
+        return c;
+    }
 };
 
-TEST_F(References, LastReferenceGoneDeletesTheTargetAndItsOwnTargets) {
-    auto* root = new TestTarget;
-    auto* a = new TestTarget;
-    auto* b = new TestTarget;
-    root->ReplaceReference(0, a);
-    root->ReplaceReference(1, a);  // one maker, two slots: one dependent
-    a->ReplaceReference(0, b);
+TEST_F(References, TargetsGoWithTheirLastReferenceAndTakeTheirOwnAlong) {
+    const auto c = Chain(3);  // root -> a -> b
+    TestTarget *root = c[0], *a = c[1];
+    root->ReplaceReference(1, a);  // one maker in two slots is one dependent
     EXPECT_EQ(a->NumDependents(), 1);
     root->DeleteReference(0);
     EXPECT_EQ(TestTarget::live.size(), 3u);     // slot 1 still refers to a
@@ -38,50 +42,27 @@ TEST_F(References, LastReferenceGoneDeletesTheTargetAndItsOwnTargets) {
     root->DeleteMe();
 }
 
-TEST_F(References, DeleteMeTellsDependentsAndCutsTheirReferences) {
-    auto* root = new TestTarget;
-    auto* other = new TestTarget;
-    auto* shared = new TestTarget;
-    root->ReplaceReference(0, shared);
-    other->ReplaceReference(2, shared);
-    root->ReplaceReference(1, other);
-    shared->DeleteMe();
-    EXPECT_EQ(root->Ref(0), nullptr);
-    EXPECT_EQ(other->Ref(2), nullptr);
-    ASSERT_FALSE(root->heard.empty());
-    EXPECT_EQ(root->heard.front().message, REFMSG_TARGET_DELETED);
-    EXPECT_EQ(other->heard.size(), 1u);  // the deletion message is not passed on
-    root->DeleteMe();
-}
-
 TEST_F(References, MessagesPropagateUntilStoppedAndNotWhileDisabled) {
-    // leaf <- mid <- top, and leaf <- side: a change of leaf reaches all three.
-    auto* top = new TestTarget;
-    auto* mid = new TestTarget;
-    auto* side = new TestTarget;
-    auto* leaf = new TestTarget;
-    top->ReplaceReference(0, mid);
+    // leaf <- mid <- top and leaf <- side <- top; onlyMid hangs on mid alone.
+    const auto c = Chain(3);
+    TestTarget *top = c[0], *mid = c[1], *leaf = c[2], *side = new TestTarget,
+               *onlyMid = new TestTarget;
     top->ReplaceReference(1, side);
-    mid->ReplaceReference(0, leaf);
     side->ReplaceReference(0, leaf);
+    onlyMid->ReplaceReference(0, mid);
     leaf->SetValue(1);
     ASSERT_EQ(mid->heard.size(), 1u);
     EXPECT_EQ(mid->heard[0].from, leaf);
-    EXPECT_EQ(top->heard.size(), 2u);  // once along each path
+    EXPECT_EQ(top->heard.size(), 2u);  // once along each path, from the nearer target
     EXPECT_EQ(top->heard[0].from, mid);
-
     mid->stopMessages = true;
     leaf->SetValue(2);
-    EXPECT_EQ(top->heard.size(), 3u);  // only through side
+    EXPECT_EQ(top->heard.size(), 3u);  // only through side now
     DisableRefMsgs();
     leaf->SetValue(3);
     EnableRefMsgs();
     EXPECT_EQ(mid->heard.size(), 2u);
-
-    // The loop probe marks every dependent it reaches: top through side, but nothing that
-    // hangs on mid alone, since mid stops messages.
-    auto* onlyMid = new TestTarget;
-    onlyMid->ReplaceReference(0, mid);
+    // The loop probe marks every dependent it reaches.
     leaf->NotifyDependents(FOREVER, PART_ALL, REFMSG_LOOPTEST);
     EXPECT_TRUE(mid->TestAFlag(A_LOOP_MARK) && side->TestAFlag(A_LOOP_MARK) &&
                 top->TestAFlag(A_LOOP_MARK));
@@ -92,31 +73,25 @@ TEST_F(References, MessagesPropagateUntilStoppedAndNotWhileDisabled) {
 
 TEST_F(References, DependentsLettingGoDuringAMessageDoNotHideOthers) {
     auto* t = new TestTarget;
-    std::vector<TestTarget*> makers;
-    for (int i = 0; i < 4; ++i) {
-        makers.push_back(new TestTarget);
-        makers.back()->ReplaceReference(0, t);
-        makers.back()->dropOnChange = i % 2 == 0;
+    std::vector<TestTarget*> makers(4);
+    for (size_t i = 0; i < makers.size(); ++i) {
+        makers[i] = new TestTarget;
+        makers[i]->ReplaceReference(0, t);
+        makers[i]->dropOnChange = i % 2 == 0;
     }
     t->SetValue(1);
     for (TestTarget* m : makers) EXPECT_EQ(m->heard.size(), 1u);
     EXPECT_EQ(t->NumDependents(), 2);
-    t->SetValue(2);
-    EXPECT_EQ(makers[1]->heard.size(), 2u);
-    EXPECT_EQ(makers[0]->heard.size(), 1u);
     for (TestTarget* m : makers) m->DeleteMe();
     EXPECT_EQ(TestTarget::live.count(t), 0u);  // t went with its last dependent
 }
 
-TEST_F(References, LoopTestAndDependentWalks) {
-    auto* top = new TestTarget;
-    auto* mid = new TestTarget;
-    auto* leaf = new TestTarget;
-    top->ReplaceReference(0, mid);
-    mid->ReplaceReference(0, leaf);
+TEST_F(References, LoopTestAndDependentWalksFollowTheDependencies) {
+    const auto c = Chain(3);  // top -> mid -> leaf
+    TestTarget *top = c[0], *mid = c[1], *leaf = c[2];
     EXPECT_EQ(top->TestForLoop(FOREVER, leaf), REF_FAIL);  // leaf -> top would close a cycle
     EXPECT_EQ(leaf->TestForLoop(FOREVER, leaf), REF_FAIL);
-    EXPECT_EQ(leaf->TestForLoop(FOREVER, top), REF_SUCCEED);  // top already depends on leaf
+    EXPECT_EQ(leaf->TestForLoop(FOREVER, top), REF_SUCCEED);
     struct Collect : DependentEnumProc {
         std::vector<ReferenceMaker*> seen;
         DepEnumResult proc(ReferenceMaker* m) override {
@@ -127,20 +102,41 @@ TEST_F(References, LoopTestAndDependentWalks) {
     leaf->DoEnumDependents(&all);
     EXPECT_EQ(all.seen, (std::vector<ReferenceMaker*>{mid, top}));
     DependentIterator direct(leaf);
-    EXPECT_EQ(direct.Next(), mid);
-    EXPECT_EQ(direct.Next(), nullptr);
+    EXPECT_TRUE(direct.Next() == mid && direct.Next() == nullptr);
     top->DeleteMe();
 }
 
-// The reachable graph from a root: each object's value and its slots, by object.
+TEST_F(References, DeletionTellsDependentsAndUndoBringsEverythingBack) {
+    const auto c = Chain(3);  // root -> child -> grandchild, and other -> child
+    TestTarget *root = c[0], *child = c[1], *grandchild = c[2], *other = new TestTarget;
+    other->ReplaceReference(2, child);
+    root->ReplaceReference(1, other);
+    grandchild->SetValue(5);
+    theHold.Begin();
+    child->DeleteMe();
+    theHold.Accept(L"Delete");
+    EXPECT_EQ(root->heard.back().message, REFMSG_TARGET_DELETED);
+    EXPECT_EQ(other->heard.back().message, REFMSG_TARGET_DELETED);  // not passed on to root
+    EXPECT_TRUE(root->Ref(0) == nullptr && other->Ref(2) == nullptr);
+    EXPECT_EQ(TestTarget::live.size(), 4u);     // kept by the undo record...
+    EXPECT_EQ(grandchild->NumDependents(), 0);  // ...but no longer holding its own targets
+    ASSERT_TRUE(theHold.Undo());
+    EXPECT_TRUE(root->Ref(0) == child && other->Ref(2) == child && child->Ref(0) == grandchild);
+    EXPECT_EQ(grandchild->Value(), 5);
+    theHold.Redo();
+    theHold.ClearUndo();  // the records go, and the deleted objects with them
+    EXPECT_EQ(TestTarget::live.size(), 2u);
+    root->DeleteMe();
+}
+
+// The graph reachable from a root: each object's value and slots.
 using Snapshot = std::map<TestTarget*, std::pair<int, std::vector<TestTarget*>>>;
 
 void Collect(TestTarget* t, Snapshot& s) {
     if (!t || s.count(t)) return;
-    auto& entry = s[t];
-    entry.first = t->Value();
+    s[t].first = t->Value();
     for (int i = 0; i < TestTarget::kSlots; ++i) {
-        entry.second.push_back(t->Ref(i));
+        s[t].second.push_back(t->Ref(i));
         Collect(t->Ref(i), s);
     }
 }
@@ -156,7 +152,7 @@ Snapshot Take(TestTarget* root) {
 // everything the last, and nothing leaks or is used after being freed.
 TEST_F(References, UndoAndRedoOfRandomEditsGiveBackExactStates) {
     std::mt19937 rng(77);
-    auto pick = [&rng](int n) { return int(std::uniform_int_distribution<int>(0, n - 1)(rng)); };
+    auto pick = [&rng](size_t n) { return std::uniform_int_distribution<size_t>(0, n - 1)(rng); };
     auto* root = new TestTarget;
     const Snapshot initial = Take(root);
     int entries = 0;
@@ -164,20 +160,17 @@ TEST_F(References, UndoAndRedoOfRandomEditsGiveBackExactStates) {
         const Snapshot now = Take(root);
         std::vector<TestTarget*> reachable;
         for (auto& [t, unused] : now) reachable.push_back(t);
-        TestTarget* t = reachable[size_t(pick(int(reachable.size())))];
-        TestTarget* other = reachable[size_t(pick(int(reachable.size())))];
-        const int slot = pick(TestTarget::kSlots);
+        TestTarget *t = reachable[pick(reachable.size())],
+                   *other = reachable[pick(reachable.size())];
+        const int slot = int(pick(TestTarget::kSlots));
         theHold.Begin();
         switch (pick(5)) {
             case 0:
-                t->SetValue(pick(1000));
+                t->SetValue(int(pick(1000)));
                 break;
-            case 1: {
-                auto* fresh = new TestTarget;
-                fresh->SetValue(step);
-                t->ReplaceReference(slot, fresh);
+            case 1:
+                t->ReplaceReference(slot, new TestTarget);
                 break;
-            }
             case 2:
                 if (other->TestForLoop(FOREVER, t) == REF_SUCCEED) t->ReplaceReference(slot, other);
                 break;
@@ -209,30 +202,6 @@ TEST_F(References, UndoAndRedoOfRandomEditsGiveBackExactStates) {
     }
     EXPECT_EQ(Take(root), final);
     theHold.ClearUndo();
-    root->DeleteMe();
-}
-
-TEST_F(References, ObjectsDeletedUnderAHoldComeBackWithUndo) {
-    auto* root = new TestTarget;
-    auto* child = new TestTarget;
-    auto* grandchild = new TestTarget;
-    root->ReplaceReference(0, child);
-    child->ReplaceReference(0, grandchild);
-    grandchild->SetValue(5);
-    theHold.Begin();
-    child->DeleteMe();
-    theHold.Accept(L"Delete");
-    EXPECT_EQ(root->Ref(0), nullptr);
-    EXPECT_EQ(TestTarget::live.size(), 3u);  // kept by the undo record
-    EXPECT_EQ(child->Ref(0), nullptr);       // a deleted object lets go of its own targets
-    EXPECT_EQ(grandchild->NumDependents(), 0);
-    ASSERT_TRUE(theHold.Undo());
-    ASSERT_EQ(root->Ref(0), child);
-    ASSERT_EQ(child->Ref(0), grandchild);
-    EXPECT_EQ(grandchild->Value(), 5);
-    theHold.Redo();
-    theHold.ClearUndo();  // the records go, and the deleted objects with them
-    EXPECT_EQ(TestTarget::live.size(), 1u);
     root->DeleteMe();
 }
 

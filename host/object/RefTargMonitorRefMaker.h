@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/object/ReferenceTarget.h"
+
+namespace host {
+
+class RefTargMonitorRefMaker;
+
+// Receives everything a watched target says, through a RefTargMonitorRefMaker.
+class IRefTargMonitor {
+public:
+    virtual ~IRefTargMonitor() = default;
+    // fromTarget is true for messages of the watched target itself.
+    virtual RefResult ProcessRefTargMonitorMsg(const Interval& changeInt, ReferenceTarget* target,
+                                               PartID& partID, RefMessage message, bool fromTarget,
+                                               bool propagate, RefTargMonitorRefMaker* caller) = 0;
+    virtual int ProcessEnumDependents(DependentEnumProc* proc) = 0;
+};
+
+// A weak reference: it watches one target for a monitor without owning it. The target
+// neither stays alive for it nor counts it in its lifetime; every message of the target
+// goes to the monitor; when the target is deleted, the monitor hears
+// REFMSG_TARGET_DELETED and the reference reads null. Its changes are not recorded for
+// undo: the monitor's owner restores its slots through its own parameters.
+class RefTargMonitorRefMaker : public ReferenceMaker {
+public:
+    explicit RefTargMonitorRefMaker(IRefTargMonitor& monitor, ReferenceTarget* target = nullptr);
+    ~RefTargMonitorRefMaker() override;
+
+    ReferenceTarget* GetRef() { return target_; }
+    void SetRef(ReferenceTarget* target);
+
+    int NumRefs() override { return 1; }
+    ReferenceTarget* GetReference(int) override { return target_; }
+    bool IsRealDependency(ReferenceTarget*) override { return false; }
+    RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
+                               RefMessage message, bool propagate) override;
+
+protected:
+    void SetReference(int, ReferenceTarget* target) override { target_ = target; }
+
+private:
+    IRefTargMonitor& monitor_;
+    ReferenceTarget* target_ = nullptr;
+};
+
+}  // namespace host
