@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/object/Animatable.h"
+#include "host/object/ClassId.h"
+
+namespace host {
+
+// The descriptor of a class: the scene model creates every instance through it, by
+// (superclass, class id), and lists the public ones.
+class ClassDesc2 {
+public:
+    virtual ~ClassDesc2() = default;
+    // Whether the class shows in creation lists.
+    virtual int IsPublic() = 0;
+    // A new instance. With loading false the constructor also makes its parameter
+    // blocks and defaults; with loading true the scene reader fills it afterwards.
+    virtual Animatable* Create(bool loading = false) = 0;
+    virtual const wchar_t* ClassName() = 0;
+    virtual SClass_ID SuperClassID() = 0;
+    virtual Class_ID ClassID() = 0;
+    virtual const wchar_t* Category() = 0;
+    // The untranslated name scripts use for the class.
+    virtual const wchar_t* InternalName() { return ClassName(); }
+    // The module the class comes from; the scene model's own classes have none.
+    virtual void* HInstance() { return nullptr; }
+};
+
+}  // namespace host
