@@ -7,13 +7,16 @@
 
 namespace host {
 
+class ICustAttribContainer;
+
 // The root of the object model: identity, sub-anims, interfaces and the flag word.
 class Animatable {
 public:
     Animatable() = default;
     Animatable(const Animatable&) = delete;
     Animatable& operator=(const Animatable&) = delete;
-    virtual ~Animatable() = default;
+    // Deletes the custom attribute container with the object, outside undo.
+    virtual ~Animatable();
 
     virtual Class_ID ClassID() { return Class_ID(); }
     virtual SClass_ID SuperClassID() { return 0; }
@@ -29,12 +32,17 @@ public:
     // An interface by its numeric id, or null.
     virtual void* GetInterface(uint32_t) { return nullptr; }
 
+    // The custom attributes of this object; null until AllocCustAttribContainer.
+    ICustAttribContainer* GetCustAttribContainer() { return custAttribs_; }
+    void AllocCustAttribContainer();
+
     void SetAFlag(uint32_t mask) { flags_ |= mask; }
     void ClearAFlag(uint32_t mask) { flags_ &= ~mask; }
     bool TestAFlag(uint32_t mask) const { return (flags_ & mask) != 0; }
 
 private:
     uint32_t flags_ = 0;
+    ICustAttribContainer* custAttribs_ = nullptr;
 };
 
 }  // namespace host
