@@ -1,0 +1,11 @@
+#pragma once
+
+namespace host {
+
+class ClassDesc2;
+ClassDesc2* GetBezierFloatDesc();
+
+// Registers the host's own classes with the class directory; a second call does nothing.
+void RegisterHostClasses();
+
+}  // namespace host

@@ -1,0 +1,207 @@
+#include "host/classes/BezierFloat.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "host/classes/HostClasses.h"
+#include "host/object/Animate.h"
+#include "host/object/Hold.h"
+
+namespace host {
+namespace {
+
+// A track of keys given as (time, value, in type, out type).
+struct KeySpec {
+    TimeValue t;
+    float v;
+    BezierTangent in = BEZKEY_SMOOTH, out = BEZKEY_SMOOTH;
+};
+
+BezierFloat* Track(std::initializer_list<KeySpec> keys) {
+    auto* c = new BezierFloat;
+    for (const KeySpec& k : keys) {
+        IBezFloatKey key;
+        key.time = k.t;
+        key.val = k.v;
+        key.flags = SetOutTanType(SetInTanType(0, k.in), k.out);
+        c->AppendKey(&key);
+    }
+    return c;
+}
+
+// The slope in value per tick just after (or before) t, by a small finite difference.
+float SlopeAfter(BezierFloat* c, TimeValue t) {
+    return (c->Evaluate(t + 4) - c->Evaluate(t)) / 4.0f;
+}
+float SlopeBefore(BezierFloat* c, TimeValue t) {
+    return (c->Evaluate(t) - c->Evaluate(t - 4)) / 4.0f;
+}
+
+TEST(BezierFloat, TangentTypesShapeTheCurve) {
+    BezierFloat* c = Track({{0, 0, BEZKEY_LINEAR, BEZKEY_LINEAR},
+                            {4800, 10, BEZKEY_LINEAR, BEZKEY_LINEAR},
+                            {9600, 20, BEZKEY_FLAT, BEZKEY_SMOOTH},
+                            {14400, 5},
+                            {19200, 0, BEZKEY_SMOOTH, BEZKEY_STEP},
+                            {24000, 7}});
+    for (const KeySpec k :
+         {KeySpec{0, 0}, {4800, 10}, {9600, 20}, {14400, 5}, {19200, 0}, {24000, 7}})
+        EXPECT_FLOAT_EQ(c->Evaluate(k.t), k.v);
+    EXPECT_NEAR(c->Evaluate(1200), 2.5f, 1e-5f);  // linear to linear: a straight line
+    EXPECT_NEAR(c->Evaluate(3600), 7.5f, 1e-5f);
+    EXPECT_NEAR(SlopeBefore(c, 9600), 0.0f, 1e-5f);  // flat in
+    // Smooth at an inner key: one slope on both sides, that of the neighbours.
+    EXPECT_NEAR(SlopeBefore(c, 14400), SlopeAfter(c, 14400), 1e-4f);
+    EXPECT_NEAR(SlopeAfter(c, 14400), (0.0f - 20.0f) / 9600.0f, 1e-4f);
+    EXPECT_EQ(c->Evaluate(23999), 0.0f);  // a step out holds until the next key
+    BezierFloat* eased =
+        Track({{0, 0, BEZKEY_LINEAR, BEZKEY_FAST}, {1000, 10, BEZKEY_SLOW, BEZKEY_LINEAR}});
+    EXPECT_NEAR(SlopeAfter(eased, 0), 2 * 0.01f, 1e-4f);         // fast: twice the segment's slope
+    EXPECT_NEAR(SlopeBefore(eased, 1000), 0.5f * 0.01f, 1e-4f);  // slow: half of it
+    eased->DeleteMe();
+    // Custom tangents are kept; other lengths still pass through the keys, continuously.
+    IBezFloatKey key;
+    c->GetKey(3, &key);
+    key.flags = 0x1680;  // custom in and out
+    key.outtan = 0.01f;
+    key.intan = -0.01f;
+    key.outLength = 0.6f;
+    c->SetKey(3, &key);
+    EXPECT_NEAR(SlopeAfter(c, 14400), 0.01f, 1e-4f);
+    EXPECT_NEAR(c->Evaluate(14400), 5.0f, 1e-5f);
+    for (TimeValue t = 14400; t < 19200; t += 10)
+        EXPECT_LT(std::fabs(c->Evaluate(t + 10) - c->Evaluate(t)), 0.2f);
+    c->DeleteMe();
+}
+
+TEST(BezierFloat, OutOfRangeTypesRepeatOrExtendTheCurve) {
+    BezierFloat* c = Track({{1000, 1}, {2000, 5}, {3000, 3}});
+    EXPECT_EQ(c->Evaluate(-50000), 1.0f);  // constant by default
+    EXPECT_EQ(c->Evaluate(50000), 3.0f);
+    c->SetORT(ORT_CYCLE, ORT_AFTER);
+    EXPECT_NEAR(c->Evaluate(2500 + 2000 * 3), c->Evaluate(2500), 1e-5f);
+    c->SetORT(ORT_OSCILLATE, ORT_BEFORE);
+    EXPECT_NEAR(c->Evaluate(1000 - 500), c->Evaluate(1000 + 500), 1e-5f);  // mirrored
+    c->SetORT(ORT_RELATIVE_REPEAT, ORT_AFTER);
+    EXPECT_NEAR(c->Evaluate(2500 + 2000 * 2), c->Evaluate(2500) + 2 * (3.0f - 1.0f), 1e-5f);
+    c->SetORT(ORT_LINEAR, ORT_AFTER);  // goes on along the last key's tangent
+    IBezFloatKey last;
+    c->GetKey(2, &last);
+    EXPECT_NEAR(c->Evaluate(3000 + 100) - c->Evaluate(3000), 100 * last.outtan, 1e-5f);
+    EXPECT_NEAR(last.outtan, SlopeBefore(c, 3000), 1e-4f);  // and so continues the curve
+    c->SetORT(ORT_IDENTITY, ORT_AFTER);                     // refused
+    EXPECT_EQ(c->GetORT(ORT_AFTER), ORT_LINEAR);
+    c->DeleteMe();
+}
+
+TEST(BezierFloat, SetValueKeysWhenAnimatingAndShiftsTheCurveOtherwise) {
+    auto* c = new BezierFloat;
+    float v = 4;
+    c->SetValue(100, &v);  // no keys: the held value
+    Interval valid = FOREVER;
+    float got = 0;
+    c->GetValue(-7, &got, valid);
+    EXPECT_TRUE(got == 4 && valid == FOREVER);
+    AnimateOn();
+    v = 7;
+    c->SetValue(4800, &v);
+    v = 9;
+    c->SetValue(0, &v);
+    AnimateOff();
+    ASSERT_EQ(c->NumKeys(), 2);
+    EXPECT_TRUE(c->GetKeyTime(0) == 0 && c->GetKeyTime(1) == 4800);
+    v = 1;
+    c->SetValue(2400, &v, 1, CTRL_RELATIVE);  // no key at 2400: every key moves by 1
+    EXPECT_TRUE(c->Evaluate(0) == 10 && c->Evaluate(4800) == 8);
+    valid = FOREVER;
+    got = 100;
+    c->GetValue(2400, &got, valid, CTRL_RELATIVE);
+    EXPECT_NEAR(got, 100 + c->Evaluate(2400), 1e-4f);
+    EXPECT_EQ(valid, Interval(2400, 2400));
+    valid = FOREVER;
+    c->GetValue(9000, &got, valid);
+    EXPECT_EQ(valid, Interval(4800, TIME_PosInfinity));  // constant after the last key
+    c->DeleteMe();
+}
+
+TEST(BezierFloat, KeyOperations) {
+    BezierFloat* c = Track({{0, 0}, {1000, 4}, {2000, 2}, {3000, 8}});
+    const float before = c->Evaluate(1500);
+    c->AddNewKey(1500, IKEY_SELECTED);  // a new key keeps the curve's value there
+    EXPECT_EQ(c->NumKeys(), 5);
+    EXPECT_NEAR(c->Evaluate(1500), before, 1e-5f);
+    EXPECT_TRUE(c->IsKeyAtTime(1500, 0) && c->IsKeySelected(2) && !c->IsKeySelected(1));
+    c->SelectKeys(Interval(2500, 3000), true);
+    Tab<TimeValue> times;
+    c->GetKeyTimes(times, Interval(500, 2000), 0);
+    EXPECT_TRUE(times.Count() == 3 && times[0] == 1000 && times[2] == 2000);
+    c->MoveKeys(100, true);  // the selected keys only
+    EXPECT_TRUE(c->GetKeyIndex(1600) == 2 && c->GetKeyIndex(3100) == 4);
+    c->DeleteKeys(0);  // the selected ones
+    EXPECT_EQ(c->NumKeys(), 3);
+    c->DeleteKeyAtTime(1000);
+    EXPECT_EQ(c->GetTimeRange(), Interval(0, 2000));
+    auto* keys = static_cast<IKeyControl*>(c->GetInterface(I_KEYCONTROL));
+    ASSERT_EQ(keys, static_cast<IKeyControl*>(c));
+    keys->SetNumKeys(1);
+    EXPECT_EQ(keys->GetNumKeys(), 1);
+    c->DeleteKeys(TRACK_DOALL);
+    EXPECT_EQ(c->NumKeys(), 0);
+    EXPECT_EQ(c->Evaluate(123), 0.0f);  // keeps the value it had at the start
+    c->DeleteMe();
+}
+
+TEST(BezierFloat, UndoAndRedoOfKeyEditsAreExact) {
+    RegisterHostClasses();
+    auto* c = static_cast<BezierFloat*>(NewDefaultFloatController());
+    ASSERT_NE(c, nullptr);
+    auto sample = [c] {
+        std::vector<float> s;
+        for (TimeValue t = -2000; t < 12000; t += 173) s.push_back(c->Evaluate(t));
+        return s;
+    };
+    std::mt19937 rng(5);
+    std::uniform_int_distribution<int> time(0, 10000), op(0, 4);
+    std::vector<std::vector<float>> states{sample()};
+    for (int step = 0; step < 60; ++step) {
+        theHold.Begin();
+        for (int edit = 0; edit < 3; ++edit) {  // several edits in one hold: one record
+            const int t = time(rng);
+            float v = float(time(rng)) / 100;
+            switch (op(rng)) {
+                case 0:
+                    AnimateOn();
+                    c->SetValue(t, &v);
+                    AnimateOff();
+                    break;
+                case 1:
+                    c->SetValue(t, &v);
+                    break;
+                case 2:
+                    c->DeleteKeyAtTime(c->GetKeyTime(t % std::max(1, c->NumKeys())));
+                    break;
+                case 3:
+                    c->MoveKeys(t % 300 - 150, false);
+                    break;
+                case 4:
+                    c->SetORT(ORT_CYCLE + t % 4, t % 2 ? ORT_AFTER : ORT_BEFORE);
+                    break;
+            }
+        }
+        theHold.Accept(L"Key edits");
+        states.push_back(sample());
+    }
+    for (size_t i = states.size() - 1; i-- > 0;) {
+        ASSERT_TRUE(theHold.Undo());
+        ASSERT_EQ(sample(), states[i]) << "undo to state " << i;
+    }
+    while (theHold.Redo()) {
+    }
+    EXPECT_EQ(sample(), states.back());
+    theHold.ClearUndo();
+    c->DeleteMe();
+}
+
+}  // namespace
+}  // namespace host
