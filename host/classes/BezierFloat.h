@@ -23,6 +23,7 @@ public:
     Class_ID ClassID() override { return BEZIER_FLOAT_CLASS_ID; }
     SClass_ID SuperClassID() override { return CTRL_FLOAT_CLASS_ID; }
     WStr GetClassName() override { return WStr(L"Bezier Float"); }
+    using Control::GetInterface;
     void* GetInterface(uint32_t id) override;
 
     void GetValue(TimeValue t, void* val, Interval& valid,

@@ -7,6 +7,7 @@
 
 namespace host {
 
+class FPInterface;
 class ICustAttribContainer;
 
 // The root of the object model: identity, sub-anims, interfaces and the flag word.
@@ -31,6 +32,8 @@ public:
 
     // An interface by its numeric id, or null.
     virtual void* GetInterface(uint32_t) { return nullptr; }
+    // A published (mix-in) interface by its id, or null.
+    virtual FPInterface* GetInterface(Interface_ID) { return nullptr; }
 
     // The custom attributes of this object; null until AllocCustAttribContainer.
     ICustAttribContainer* GetCustAttribContainer() { return custAttribs_; }
