@@ -1,9 +1,14 @@
 #pragma once
 
+#include <vector>
+
 #include "host/object/Animatable.h"
 #include "host/object/ClassId.h"
 
 namespace host {
+
+class ParamBlockDesc2;
+class ReferenceMaker;
 
 // The descriptor of a class: the scene model creates every instance through it, by
 // (superclass, class id), and lists the public ones.
@@ -23,6 +28,17 @@ public:
     virtual const wchar_t* InternalName() { return ClassName(); }
     // The module the class comes from; the scene model's own classes have none.
     virtual void* HInstance() { return nullptr; }
+
+    // The parameter blocks of the class, added by their definitions' constructors.
+    void AddParamBlockDesc(ParamBlockDesc2* pbd) { blocks_.push_back(pbd); }
+    int NumParamBlockDescs() const { return int(blocks_.size()); }
+    ParamBlockDesc2* GetParamBlockDesc(int i) const { return blocks_[size_t(i)]; }
+    // Makes the auto-constructed blocks for a new instance and sets each into the
+    // owner's reference slot that its definition names.
+    void MakeAutoParamBlocks(ReferenceMaker* owner);
+
+private:
+    std::vector<ParamBlockDesc2*> blocks_;
 };
 
 }  // namespace host

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <vector>
+
+#include "host/object/Control.h"
+#include "host/object/ParamBlockDesc2.h"
+
+namespace host {
+
+inline constexpr SClass_ID PARAMETER_BLOCK2_CLASS_ID = 0x82;
+
+// The parameters of one object, laid out by a ParamBlockDesc2. Each write runs the
+// parameter's validator and accessor, records its undo step, tells the owner
+// (REFMSG_CHANGE, with LastNotifyParamID naming the parameter) and, for an animatable
+// parameter, goes to its controller: one is made on demand when the parameter is set
+// while animating. Node and reference-target parameters are references of the block,
+// so the owner hears its nodes. Reads at any time; a non-animated value holds always.
+class IParamBlock2 : public ReferenceTarget {
+public:
+    IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner);
+
+    ParamBlockDesc2* GetDesc() { return desc_; }
+    ReferenceMaker* GetOwner() { return owner_; }
+    BlockID ID() const { return desc_->ID(); }
+    SClass_ID SuperClassID() override { return PARAMETER_BLOCK2_CLASS_ID; }
+    int NumParams() const { return desc_->Count(); }
+    ParamID IndexToID(int i) const { return desc_->Param(i).id; }
+    int IDtoIndex(ParamID id) const { return desc_->IDtoIndex(id); }
+    const ParamDef* GetParamDef(ParamID id) const { return desc_->GetParamDef(id); }
+
+    float GetFloat(ParamID id, TimeValue t = 0, int tab = 0);
+    int GetInt(ParamID id, TimeValue t = 0, int tab = 0);
+    Point3 GetPoint3(ParamID id, TimeValue t = 0, int tab = 0);
+    Point3 GetColor(ParamID id, TimeValue t = 0, int tab = 0) { return GetPoint3(id, t, tab); }
+    Point2 GetPoint2(ParamID id, TimeValue t = 0, int tab = 0);
+    Matrix3 GetMatrix3(ParamID id, TimeValue t = 0, int tab = 0);
+    WStr GetStr(ParamID id, TimeValue t = 0, int tab = 0);
+    ReferenceTarget* GetReferenceTarget(ParamID id, TimeValue t = 0, int tab = 0);
+    // The value with its validity: valid is narrowed by an animated parameter's span.
+    bool GetValue(ParamID id, TimeValue t, PB2Value& v, Interval& valid, int tab = 0);
+
+    // False, and nothing changes, for an unknown parameter, a refused value or a
+    // value of another type than the parameter's.
+    bool SetValue(ParamID id, TimeValue t, float v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, int v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, const Point3& v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, const Point2& v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, const Matrix3& v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, const wchar_t* v, int tab = 0);
+    bool SetValue(ParamID id, TimeValue t, ReferenceTarget* v, int tab = 0);
+
+    Control* GetController(ParamID id, int tab = 0);
+    // Gives an animatable parameter a controller (shared with other blocks if it has
+    // dependents already); with preserveValue the controller takes the present value.
+    bool SetController(ParamID id, int tab, Control* c, bool preserveValue = true);
+    ParamID LastNotifyParamID(int& tab) const;
+    // While off, the block tells its owner nothing, not even its controllers' changes.
+    void EnableNotifications(bool on) { notify_ = on; }
+
+    int NumRefs() override { return int(paramOfRef_.size()); }
+    ReferenceTarget* GetReference(int i) override {
+        return values_[size_t(paramOfRef_[size_t(i)])].ref;
+    }
+    // Animatable parameters, in definition order: the controller, or the pseudo
+    // animatable (superclass 0x900F, class id (0xEFFFFFFF, 0)) when there is none.
+    int NumSubs() override { return int(subs_.size()); }
+    Animatable* SubAnim(int i) override;
+    WStr SubAnimName(int i) override;
+    // The parameter index of sub-anim i.
+    int SubToParamIndex(int i) const { return subs_[size_t(i)]; }
+    RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
+                               RefMessage message, bool propagate) override;
+
+protected:
+    void SetReference(int i, ReferenceTarget* t) override;
+
+private:
+    class ValueRestore;
+    struct Slot {
+        PB2Value v;
+        ReferenceTarget* ref = nullptr;  // the controller, or the node or target value
+    };
+    enum class Kind { Float, Int, Point3, Point2, Matrix, String, Reference, None };
+
+    static Kind KindOf(ParamType2 t);
+    // The index of parameter id if it exists, takes values of kind and tab is 0.
+    int Find(ParamID id, Kind kind, int tab) const;
+    bool Set(ParamID id, TimeValue t, PB2Value v, Kind kind, int tab);
+    void Store(int index, const PB2Value& v);
+    void Changed(ParamID id, int tab);
+    void RunGetAccessor(int index, TimeValue t, PB2Value& v, Interval& valid);
+    template <typename T>
+    T Read(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field);
+    bool IsControlled(int index) const;
+
+    ParamBlockDesc2* desc_;
+    ReferenceMaker* owner_;
+    std::vector<Slot> values_;
+    std::vector<int> refOf_;       // parameter index -> reference slot, or -1
+    std::vector<int> paramOfRef_;  // reference slot -> parameter index
+    std::vector<int> subs_;        // sub-anim -> parameter index
+    ParamID lastParam_ = -1;
+    int lastTab_ = 0;
+    bool notify_ = true;
+};
+
+}  // namespace host

@@ -1,0 +1,199 @@
+#include "host/object/IParamBlock2.h"
+
+#include <gtest/gtest.h>
+
+#include "host/classes/BezierFloat.h"
+#include "host/classes/HostClasses.h"
+#include "host/object/Animate.h"
+#include "host/object/Hold.h"
+#include "tests/host/object/TestTarget.h"
+
+namespace host {
+namespace {
+
+using test::TestTarget;
+
+enum : ParamID { pSize, pCount, pOn, pTint, pCorner, pOffset, pLabel, pTarget, pGuarded };
+
+// Counts what its parameter's accessor sees.
+struct CountingAccessor : PBAccessor {
+    int gets = 0, sets = 0, setsInUndo = 0;
+    void Get(PB2Value& v, ReferenceMaker*, ParamID, int, TimeValue, Interval&) override {
+        ++gets;
+        v.f += 100;  // a read may change what the caller sees
+    }
+    void Set(PB2Value&, ReferenceMaker*, ParamID, int, TimeValue) override {
+        ++sets;
+        setsInUndo += theHold.RestoreOrRedoing();
+    }
+} guardedAccessor;
+
+struct EvenOnly : PBValidator {
+    bool Validate(PB2Value& v) override { return v.i % 2 == 0; }
+} evenOnly;
+
+class OwnerDesc : public ClassDesc2 {
+public:
+    int IsPublic() override { return 0; }
+    Animatable* Create(bool) override;
+    const wchar_t* ClassName() override { return L"Owner"; }
+    SClass_ID SuperClassID() override { return REF_TARGET_CLASS_ID; }
+    Class_ID ClassID() override { return Class_ID(0x12345, 0x678); }
+    const wchar_t* Category() override { return L""; }
+} ownerDesc;
+
+// The definition is a table, as every class's is.
+ParamBlockDesc2 ownerBlock(
+    0, L"params", P_AUTO_CONSTRUCT, 0, &ownerDesc,
+    {
+        {pSize, L"size", TYPE_WORLD, P_ANIMATABLE, 0, {.f = 2.0f}},
+        {pCount, L"count", TYPE_INT, 0, 0, {.i = 4}, std::nullopt, nullptr, &evenOnly},
+        {pOn, L"on", TYPE_BOOL, 0, 0, {.i = 1}},
+        {pTint, L"tint", TYPE_RGBA, 0, 0, {.p = {1, 0, 0}}},
+        {pCorner, L"corner", TYPE_POINT2, 0, 0, {}},
+        {pOffset, L"offset", TYPE_MATRIX3, 0, 0, {}},
+        {pLabel, L"label", TYPE_STRING, 0, 0, {}},
+        {pTarget, L"target", TYPE_REFTARG, 0, 0, {}},
+        {pGuarded, L"guarded", TYPE_FLOAT, P_ANIMATABLE, 0, {}, std::nullopt, &guardedAccessor},
+    });
+
+class Owner : public ReferenceTarget {
+public:
+    Owner() { ownerDesc.MakeAutoParamBlocks(this); }
+    int NumRefs() override { return 1; }
+    ReferenceTarget* GetReference(int) override { return pb; }
+    void SetReference(int, ReferenceTarget* t) override { pb = static_cast<IParamBlock2*>(t); }
+    RefResult NotifyRefChanged(const Interval&, ReferenceTarget*, PartID&, RefMessage m,
+                               bool) override {
+        changes += m == REFMSG_CHANGE;
+        return REF_SUCCEED;
+    }
+    IParamBlock2* pb = nullptr;
+    int changes = 0;
+};
+
+Animatable* OwnerDesc::Create(bool) {
+    return new Owner;
+}
+
+class ParamBlocks : public ::testing::Test {
+protected:
+    void SetUp() override { RegisterHostClasses(); }
+    void TearDown() override {
+        AnimateOff();
+        theHold.ClearUndo();
+        EXPECT_TRUE(TestTarget::live.empty());
+    }
+};
+
+TEST_F(ParamBlocks, ValuesOfEveryTypeAndWhatWritesRefuse) {
+    auto* o = static_cast<Owner*>(CreateInstance(REF_TARGET_CLASS_ID, Class_ID(0, 0)) ? nullptr
+                                                                                      : new Owner);
+    IParamBlock2* pb = o->pb;
+    ASSERT_NE(pb, nullptr);
+    EXPECT_TRUE(pb->GetOwner() == o && pb->NumParams() == 9 && pb->GetDesc() == &ownerBlock);
+    EXPECT_TRUE(pb->GetFloat(pSize) == 2.0f && pb->GetInt(pCount) == 4 && pb->GetInt(pOn) == 1);
+    EXPECT_EQ(pb->GetColor(pTint), Point3(1, 0, 0));
+    ASSERT_TRUE(pb->SetValue(pCount, 0, 6) && pb->SetValue(pTint, 0, Point3(0, 1, 0)) &&
+                pb->SetValue(pCorner, 0, Point2(3, 4)) &&
+                pb->SetValue(pOffset, 0, TransMatrix({1, 2, 3})) &&
+                pb->SetValue(pLabel, 0, L"hand"));
+    EXPECT_TRUE(pb->GetInt(pCount) == 6 && pb->GetPoint3(pTint) == Point3(0, 1, 0) &&
+                pb->GetPoint2(pCorner) == Point2(3, 4) &&
+                pb->GetMatrix3(pOffset).GetTrans() == Point3(1, 2, 3) &&
+                pb->GetStr(pLabel) == WStr(L"hand"));
+    int tab = -1;
+    EXPECT_EQ(pb->LastNotifyParamID(tab), pLabel);
+    EXPECT_EQ(o->changes, 5);
+    // Refused: a value the validator rejects, another type, an unknown id, a table index.
+    EXPECT_FALSE(pb->SetValue(pCount, 0, 3));
+    EXPECT_FALSE(pb->SetValue(pCount, 0, 2.0f));
+    EXPECT_FALSE(pb->SetValue(ParamID(77), 0, 1));
+    EXPECT_FALSE(pb->SetValue(pCount, 0, 8, 1));
+    EXPECT_TRUE(pb->GetInt(pCount) == 6 && o->changes == 5);
+    pb->EnableNotifications(false);
+    pb->SetValue(pCount, 0, 8);
+    EXPECT_EQ(o->changes, 5);  // a muted block tells nothing
+    o->DeleteMe();
+}
+
+TEST_F(ParamBlocks, AccessorsRunOnReadsWritesUndoAndRedoButNotWhileLoading) {
+    auto* o = new Owner;
+    guardedAccessor = CountingAccessor();
+    theHold.Begin();
+    o->pb->SetValue(pGuarded, 0, 1.0f);
+    theHold.Accept(L"Parameter Change");
+    EXPECT_EQ(o->pb->GetFloat(pGuarded), 101.0f);  // the accessor's Get changed the read
+    EXPECT_TRUE(guardedAccessor.sets == 1 && guardedAccessor.gets == 1);
+    theHold.Undo();
+    theHold.Redo();
+    EXPECT_EQ(guardedAccessor.setsInUndo, 2);
+    SetLoading(true);
+    o->pb->SetValue(pGuarded, 0, 2.0f);
+    EXPECT_EQ(o->pb->GetFloat(pGuarded), 2.0f);
+    SetLoading(false);
+    EXPECT_EQ(guardedAccessor.sets, 3);
+    o->DeleteMe();
+}
+
+TEST_F(ParamBlocks, AnimatableParametersGetAControllerWhenSetWhileAnimating) {
+    auto* o = new Owner;
+    IParamBlock2* pb = o->pb;
+    EXPECT_EQ(pb->SubAnim(0)->ClassID(), Class_ID(0xEFFFFFFF, 0));  // no controller yet
+    EXPECT_EQ(pb->SubAnimName(0), WStr(L"size"));
+    theHold.Begin();
+    AnimateOn();
+    pb->SetValue(pSize, 4800, 10.0f);
+    AnimateOff();
+    theHold.Accept(L"Key");
+    Control* c = pb->GetController(pSize);
+    ASSERT_NE(c, nullptr);
+    EXPECT_EQ(pb->SubAnim(0), c);
+    EXPECT_TRUE(c->NumKeys() == 2 && pb->GetFloat(pSize, 0) == 2.0f &&
+                pb->GetFloat(pSize, 4800) == 10.0f);
+    const int before = o->changes;
+    float v = 3;
+    c->SetValue(0, &v);  // the controller's own change reaches the owner through the block
+    EXPECT_GT(o->changes, before);
+    int tab;
+    EXPECT_EQ(pb->LastNotifyParamID(tab), pSize);
+    pb->EnableNotifications(false);  // muted, the block passes nothing on from its controllers
+    const int heard = o->changes;
+    c->SetValue(0, &v);
+    EXPECT_EQ(o->changes, heard);
+    pb->EnableNotifications(true);
+    theHold.Undo();
+    EXPECT_TRUE(pb->GetController(pSize) == nullptr && pb->GetFloat(pSize, 4800) == 2.0f);
+    o->DeleteMe();
+}
+
+TEST_F(ParamBlocks, ControllersCanBeSharedAndTargetsAreReferences) {
+    auto *a = new Owner, *b = new Owner;
+    Control* shared = NewDefaultFloatController();
+    a->pb->SetValue(pSize, 0, 5.0f);
+    ASSERT_TRUE(a->pb->SetController(pSize, 0, shared) &&
+                b->pb->SetController(pSize, 0, shared, false));
+    EXPECT_EQ(b->pb->GetFloat(pSize), 5.0f);  // preserved from a
+    b->pb->SetValue(pSize, 0, 7.0f);
+    EXPECT_EQ(a->pb->GetFloat(pSize), 7.0f);
+    a->DeleteMe();  // the controller stays with b
+    EXPECT_EQ(b->pb->GetFloat(pSize), 7.0f);
+
+    auto* target = new TestTarget;
+    b->pb->SetValue(pTarget, 0, target);
+    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
+    const int before = b->changes;
+    target->SetValue(1);  // the owner hears its target
+    EXPECT_GT(b->changes, before);
+    theHold.Begin();
+    target->DeleteMe();
+    theHold.Accept(L"Delete");
+    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), nullptr);
+    theHold.Undo();
+    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
+    theHold.ClearUndo();
+    b->DeleteMe();
+}
+
+}  // namespace
+}  // namespace host
