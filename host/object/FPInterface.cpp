@@ -6,36 +6,6 @@ namespace host {
 
 namespace {
 
-// The kind of storage a type takes; types of one kind share it.
-enum class Kind { Int, Float, String, Point3, Other };
-
-Kind KindOf(ParamType2 t) {
-    switch (BaseType(t)) {
-        case TYPE_INT:
-        case TYPE_BOOL:
-        case TYPE_INDEX:
-        case TYPE_ENUM:
-        case TYPE_TIMEVALUE:
-        case TYPE_RADIOBTN_INDEX:
-            return Kind::Int;
-        case TYPE_FLOAT:
-        case TYPE_ANGLE:
-        case TYPE_PCNT_FRAC:
-        case TYPE_WORLD:
-            return Kind::Float;
-        case TYPE_STRING:
-        case TYPE_FILENAME:
-        case TYPE_TSTR:
-            return Kind::String;
-        case TYPE_POINT3:
-        case TYPE_RGBA:
-        case TYPE_COLOR:
-            return Kind::Point3;
-        default:
-            return Kind::Other;
-    }
-}
-
 // The argument as the declared type wants it, or nothing when it does not fit. An int
 // is taken for a float; anything is taken for a TYPE_FPVALUE or TYPE_VALUE.
 std::optional<FPValue> Fit(const FPValue& v, ParamType2 wanted) {
@@ -45,10 +15,12 @@ std::optional<FPValue> Fit(const FPValue& v, ParamType2 wanted) {
     if (!IsTable(wanted) && (base == TYPE_FPVALUE || base == TYPE_VALUE))
         return FPValue(wanted, std::make_shared<FPValue>(v));
     if (IsTable(wanted) != IsTable(v.type)) return std::nullopt;
-    if (!IsTable(wanted) && KindOf(wanted) == Kind::Float && v.Get<int>())
+    if (!IsTable(wanted) && KindOf(wanted) == ValueKind::Float && v.Get<int>())
         return FPValue(wanted, float(*v.Get<int>()));
-    const Kind kind = KindOf(wanted);
-    const bool same = kind == Kind::Other ? BaseType(v.type) == base : KindOf(v.type) == kind;
+    const ValueKind kind = KindOf(wanted);
+    const bool same = kind == ValueKind::Other || kind == ValueKind::Reference
+                          ? BaseType(v.type) == base
+                          : KindOf(v.type) == kind;
     if (!same) return std::nullopt;
     FPValue fitted = v;
     fitted.type = wanted;

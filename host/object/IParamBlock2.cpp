@@ -68,39 +68,6 @@ IParamBlock2::IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner)
     }
 }
 
-IParamBlock2::Kind IParamBlock2::KindOf(ParamType2 t) {
-    switch (t) {
-        case TYPE_FLOAT:
-        case TYPE_ANGLE:
-        case TYPE_PCNT_FRAC:
-        case TYPE_WORLD:
-            return Kind::Float;
-        case TYPE_INT:
-        case TYPE_BOOL:
-        case TYPE_INDEX:
-        case TYPE_TIMEVALUE:
-        case TYPE_RADIOBTN_INDEX:
-            return Kind::Int;
-        case TYPE_POINT3:
-        case TYPE_RGBA:
-        case TYPE_COLOR:
-            return Kind::Point3;
-        case TYPE_POINT2:
-            return Kind::Point2;
-        case TYPE_MATRIX3:
-            return Kind::Matrix;
-        case TYPE_STRING:
-        case TYPE_FILENAME:
-            return Kind::String;
-        case TYPE_INODE:
-        case TYPE_REFTARG:
-        case TYPE_CONTROL:
-            return Kind::Reference;
-        default:
-            return Kind::None;
-    }
-}
-
 int IParamBlock2::Find(ParamID id, Kind kind, int tab) const {
     const int index = desc_->IDtoIndex(id);
     if (index < 0 || tab != 0 || KindOf(desc_->Param(index).type) != kind) return -1;
@@ -170,40 +137,34 @@ ReferenceTarget* IParamBlock2::GetReferenceTarget(ParamID id, TimeValue t, int t
     return Read(id, t, tab, Kind::Reference, &PB2Value::r);
 }
 
+template <typename T>
+bool IParamBlock2::Write(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field,
+                         const T& value) {
+    PB2Value v;
+    v.*field = value;
+    return Set(id, t, v, kind, tab);
+}
+
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, float v, int tab) {
-    PB2Value pv;
-    pv.f = v;
-    return Set(id, t, pv, Kind::Float, tab);
+    return Write(id, t, tab, Kind::Float, &PB2Value::f, v);
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, int v, int tab) {
-    PB2Value pv;
-    pv.i = v;
-    return Set(id, t, pv, Kind::Int, tab);
+    return Write(id, t, tab, Kind::Int, &PB2Value::i, v);
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, const Point3& v, int tab) {
-    PB2Value pv;
-    pv.p = v;
-    return Set(id, t, pv, Kind::Point3, tab);
+    return Write(id, t, tab, Kind::Point3, &PB2Value::p, v);
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, const Point2& v, int tab) {
-    PB2Value pv;
-    pv.p2 = v;
-    return Set(id, t, pv, Kind::Point2, tab);
+    return Write(id, t, tab, Kind::Point2, &PB2Value::p2, v);
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, const Matrix3& v, int tab) {
-    PB2Value pv;
-    pv.m = v;
-    return Set(id, t, pv, Kind::Matrix, tab);
+    return Write(id, t, tab, Kind::Matrix, &PB2Value::m, v);
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, const wchar_t* v, int tab) {
-    PB2Value pv;
-    pv.s = WStr(v);
-    return Set(id, t, pv, Kind::String, tab);
+    return Write(id, t, tab, Kind::String, &PB2Value::s, WStr(v));
 }
 bool IParamBlock2::SetValue(ParamID id, TimeValue t, ReferenceTarget* v, int tab) {
-    PB2Value pv;
-    pv.r = v;
-    return Set(id, t, pv, Kind::Reference, tab);
+    return Write(id, t, tab, Kind::Reference, &PB2Value::r, v);
 }
 
 bool IParamBlock2::Set(ParamID id, TimeValue t, PB2Value v, Kind kind, int tab) {

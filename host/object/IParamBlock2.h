@@ -80,9 +80,8 @@ private:
         PB2Value v;
         ReferenceTarget* ref = nullptr;  // the controller, or the node or target value
     };
-    enum class Kind { Float, Int, Point3, Point2, Matrix, String, Reference, None };
+    using Kind = ValueKind;
 
-    static Kind KindOf(ParamType2 t);
     // The index of parameter id if it exists, takes values of kind and tab is 0.
     int Find(ParamID id, Kind kind, int tab) const;
     bool Set(ParamID id, TimeValue t, PB2Value v, Kind kind, int tab);
@@ -91,6 +90,8 @@ private:
     void RunGetAccessor(int index, TimeValue t, PB2Value& v, Interval& valid);
     template <typename T>
     T Read(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field);
+    template <typename T>
+    bool Write(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field, const T& value);
     bool IsControlled(int index) const;
 
     ParamBlockDesc2* desc_;

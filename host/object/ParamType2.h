@@ -42,6 +42,10 @@ enum ParamType2 : int {
 
 inline constexpr int TYPE_BASE_MASK = 0x7FF;
 
+// The kind of value a type stores; types of one kind share their storage (an angle is
+// a float, a bool an int, a colour a Point3).
+enum class ValueKind { Float, Int, Point3, Point2, Matrix, String, Reference, Other };
+
 inline constexpr ParamType2 TableOf(ParamType2 t) {
     return ParamType2(t | TYPE_TAB);
 }
@@ -56,6 +60,41 @@ inline constexpr bool IsTable(ParamType2 t) {
 }
 inline constexpr bool IsByRef(ParamType2 t) {
     return (t & TYPE_BY_REF) != 0;
+}
+
+constexpr ValueKind KindOf(ParamType2 type) {
+    switch (BaseType(type)) {
+        case TYPE_FLOAT:
+        case TYPE_ANGLE:
+        case TYPE_PCNT_FRAC:
+        case TYPE_WORLD:
+            return ValueKind::Float;
+        case TYPE_INT:
+        case TYPE_BOOL:
+        case TYPE_INDEX:
+        case TYPE_ENUM:
+        case TYPE_TIMEVALUE:
+        case TYPE_RADIOBTN_INDEX:
+            return ValueKind::Int;
+        case TYPE_POINT3:
+        case TYPE_RGBA:
+        case TYPE_COLOR:
+            return ValueKind::Point3;
+        case TYPE_POINT2:
+            return ValueKind::Point2;
+        case TYPE_MATRIX3:
+            return ValueKind::Matrix;
+        case TYPE_STRING:
+        case TYPE_FILENAME:
+        case TYPE_TSTR:
+            return ValueKind::String;
+        case TYPE_INODE:
+        case TYPE_REFTARG:
+        case TYPE_CONTROL:
+            return ValueKind::Reference;
+        default:
+            return ValueKind::Other;
+    }
 }
 
 }  // namespace host
