@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-// What a parameter without a controller shows as a sub-anim.
+// What a parameter element without a controller shows as a sub-anim.
 class PseudoAnimatable : public Animatable {
 public:
     Class_ID ClassID() override { return Class_ID(0xEFFFFFFF, 0); }
@@ -18,7 +18,7 @@ public:
 PseudoAnimatable thePseudoAnimatable;
 
 bool IsReferenceType(ParamType2 t) {
-    return t == TYPE_INODE || t == TYPE_REFTARG || t == TYPE_CONTROL;
+    return KindOf(t) == ValueKind::Reference;
 }
 
 }  // namespace
@@ -26,8 +26,9 @@ bool IsReferenceType(ParamType2 t) {
 // Undo of one stored value; the accessor runs again on the value put back.
 class IParamBlock2::ValueRestore : public RestoreObj {
 public:
-    ValueRestore(IParamBlock2* pb, int index, const PB2Value& before, const PB2Value& after)
-        : pin_(pb), pb_(pb), index_(index), before_(before), after_(after) {}
+    ValueRestore(IParamBlock2* pb, int index, int tab, const PB2Value& before,
+                 const PB2Value& after)
+        : pin_(pb), pb_(pb), index_(index), tab_(tab), before_(before), after_(after) {}
     void Restore(bool) override { Put(before_); }
     void Redo() override { Put(after_); }
     WStr Description() override { return WStr(L"Parameter"); }
@@ -36,14 +37,44 @@ private:
     void Put(const PB2Value& value) {
         PB2Value v = value;
         const ParamDef& def = pb_->desc_->Param(index_);
-        if (def.accessor && !IsLoading()) def.accessor->Set(v, pb_->owner_, def.id, 0, 0);
-        pb_->values_[size_t(index_)].v = v;
-        pb_->Changed(def.id, 0);
+        if (def.accessor && !IsLoading()) def.accessor->Set(v, pb_->owner_, def.id, tab_, 0);
+        pb_->values_[size_t(index_)][size_t(tab_)].v = v;
+        pb_->Changed(def.id, tab_);
     }
     TargetPin pin_;
     IParamBlock2* pb_;
-    int index_;
+    int index_, tab_;
     PB2Value before_, after_;
+};
+
+// Undo of elements inserted into or deleted from a table. Their references are cut
+// (and recorded) before a deletion and set (and recorded) after an insertion, so undo,
+// running last to first, meets the elements without references.
+class IParamBlock2::TableRestore : public RestoreObj {
+public:
+    TableRestore(IParamBlock2* pb, int index, int at, std::vector<PB2Value> values, bool inserted)
+        : pin_(pb),
+          pb_(pb),
+          index_(index),
+          at_(at),
+          values_(std::move(values)),
+          inserted_(inserted) {}
+    void Restore(bool) override { Apply(!inserted_); }
+    void Redo() override { Apply(inserted_); }
+    WStr Description() override { return WStr(L"Parameter Table"); }
+
+private:
+    void Apply(bool insert) {
+        if (insert)
+            pb_->InsertElements(index_, at_, values_);
+        else
+            pb_->EraseElements(index_, at_, int(values_.size()));
+    }
+    TargetPin pin_;
+    IParamBlock2* pb_;
+    int index_, at_;
+    std::vector<PB2Value> values_;
+    bool inserted_;
 };
 
 void ClassDesc2::MakeAutoParamBlocks(ReferenceMaker* owner) {
@@ -53,59 +84,72 @@ void ClassDesc2::MakeAutoParamBlocks(ReferenceMaker* owner) {
 }
 
 IParamBlock2::IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner)
-    : desc_(desc),
-      owner_(owner),
-      values_(size_t(desc->Count())),
-      refOf_(size_t(desc->Count()), -1) {
+    : desc_(desc), owner_(owner), values_(size_t(desc->Count())) {
     for (int i = 0; i < desc->Count(); ++i) {
         const ParamDef& def = desc->Param(i);
-        values_[size_t(i)].v = def.def;
-        if (IsReferenceType(def.type) || (def.flags & P_ANIMATABLE)) {
-            refOf_[size_t(i)] = int(paramOfRef_.size());
-            paramOfRef_.push_back(i);
-        }
-        if (def.flags & P_ANIMATABLE) subs_.push_back(i);
+        values_[size_t(i)].assign(IsTable(def.type) ? size_t(def.tableSize) : 1,
+                                  Slot{def.def, nullptr});
     }
 }
 
-int IParamBlock2::Find(ParamID id, Kind kind, int tab) const {
-    const int index = desc_->IDtoIndex(id);
-    if (index < 0 || tab != 0 || KindOf(desc_->Param(index).type) != kind) return -1;
-    return index;
-}
-
-bool IParamBlock2::IsControlled(int index) const {
-    return values_[size_t(index)].ref && !IsReferenceType(desc_->Param(index).type);
-}
-
-void IParamBlock2::RunGetAccessor(int index, TimeValue t, PB2Value& v, Interval& valid) {
+bool IParamBlock2::HoldsReferences(int index) const {
     const ParamDef& def = desc_->Param(index);
-    if (def.accessor && !IsLoading()) def.accessor->Get(v, owner_, def.id, 0, t, valid);
+    return IsReferenceType(def.type) || (def.flags & P_ANIMATABLE);
+}
+
+int IParamBlock2::FindElement(ParamID id, int tab) const {
+    const int index = desc_->IDtoIndex(id);
+    return index >= 0 && tab >= 0 && size_t(tab) < values_[size_t(index)].size() ? index : -1;
+}
+
+int IParamBlock2::Find(ParamID id, Kind kind, int tab) const {
+    const int index = FindElement(id, tab);
+    return index >= 0 && KindOf(desc_->Param(index).type) == kind ? index : -1;
+}
+
+int IParamBlock2::FindTable(ParamID id) const {
+    const int index = desc_->IDtoIndex(id);
+    return index >= 0 && IsTable(desc_->Param(index).type) ? index : -1;
+}
+
+bool IParamBlock2::IsControlled(int index, int tab) const {
+    return values_[size_t(index)][size_t(tab)].ref && !IsReferenceType(desc_->Param(index).type);
+}
+
+void IParamBlock2::RunGetAccessor(int index, int tab, TimeValue t, PB2Value& v, Interval& valid) {
+    const ParamDef& def = desc_->Param(index);
+    if (def.accessor && !IsLoading()) def.accessor->Get(v, owner_, def.id, tab, t, valid);
+}
+
+void IParamBlock2::TellTable(int index, tab_changes change, int tab, int count) {
+    const ParamDef& def = desc_->Param(index);
+    if (def.accessor && !IsLoading()) def.accessor->TabChanged(change, owner_, def.id, tab, count);
 }
 
 float IParamBlock2::GetFloat(ParamID id, TimeValue t, int tab) {
     const int index = Find(id, Kind::Float, tab);
     if (index < 0) return 0.0f;
-    float f = values_[size_t(index)].v.f;
+    const Slot& slot = values_[size_t(index)][size_t(tab)];
+    float f = slot.v.f;
     Interval valid = FOREVER;
-    if (IsControlled(index))
-        static_cast<Control*>(values_[size_t(index)].ref)->GetValue(t, &f, valid);
+    if (IsControlled(index, tab)) static_cast<Control*>(slot.ref)->GetValue(t, &f, valid);
     if (!desc_->Param(index).accessor) return f;
     PB2Value v;
     v.f = f;
-    RunGetAccessor(index, t, v, valid);
+    RunGetAccessor(index, tab, t, v, valid);
     return v.f;
 }
 
 bool IParamBlock2::GetValue(ParamID id, TimeValue t, PB2Value& v, Interval& valid, int tab) {
-    const int index = desc_->IDtoIndex(id);
-    if (index < 0 || tab != 0) return false;
-    const Slot& slot = values_[size_t(index)];
+    const int index = FindElement(id, tab);
+    if (index < 0) return false;
+    const Slot& slot = values_[size_t(index)][size_t(tab)];
+    const ParamType2 type = desc_->Param(index).type;
     v = slot.v;
-    if (IsControlled(index) && KindOf(desc_->Param(index).type) == Kind::Float)
+    if (IsControlled(index, tab) && KindOf(type) == Kind::Float)
         static_cast<Control*>(slot.ref)->GetValue(t, &v.f, valid);
-    if (IsReferenceType(desc_->Param(index).type)) v.r = slot.ref;
-    RunGetAccessor(index, t, v, valid);
+    if (IsReferenceType(type)) v.r = slot.ref;
+    RunGetAccessor(index, tab, t, v, valid);
     return true;
 }
 
@@ -173,32 +217,32 @@ bool IParamBlock2::Set(ParamID id, TimeValue t, PB2Value v, Kind kind, int tab) 
     const ParamDef& def = desc_->Param(index);
     if (def.validator && !def.validator->Validate(v)) return false;
     if (def.accessor && !IsLoading()) def.accessor->Set(v, owner_, id, tab, t);
-    Slot& slot = values_[size_t(index)];
+    Slot& slot = values_[size_t(index)][size_t(tab)];
     if (kind == Kind::Reference) {
-        ReplaceReference(refOf_[size_t(index)], v.r);
-    } else if (IsControlled(index) && kind == Kind::Float) {
+        ReplaceReference(RefOf(index, tab), v.r);
+    } else if (IsControlled(index, tab) && kind == Kind::Float) {
         static_cast<Control*>(slot.ref)->SetValue(t, &v.f);
     } else if ((def.flags & P_ANIMATABLE) && kind == Kind::Float && Animating()) {
         Control* c = NewDefaultFloatController();
         if (!c) {
-            Store(index, v);
+            Store(index, tab, v);
         } else {
             // The first key of a track set away from the start keeps the value it had
             // there: a key at 0 with the old constant, then the new key.
             c->SetValue(0, &slot.v.f);
-            ReplaceReference(refOf_[size_t(index)], c);
+            ReplaceReference(RefOf(index, tab), c);
             c->SetValue(t, &v.f);
         }
     } else {
-        Store(index, v);
+        Store(index, tab, v);
     }
     Changed(id, tab);
     return true;
 }
 
-void IParamBlock2::Store(int index, const PB2Value& v) {
-    Slot& slot = values_[size_t(index)];
-    if (theHold.Holding()) theHold.Put(new ValueRestore(this, index, slot.v, v));
+void IParamBlock2::Store(int index, int tab, const PB2Value& v) {
+    Slot& slot = values_[size_t(index)][size_t(tab)];
+    if (theHold.Holding()) theHold.Put(new ValueRestore(this, index, tab, slot.v, v));
     slot.v = v;
 }
 
@@ -208,23 +252,78 @@ void IParamBlock2::Changed(ParamID id, int tab) {
     if (notify_) NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
-Control* IParamBlock2::GetController(ParamID id, int tab) {
+int IParamBlock2::Count(ParamID id) const {
     const int index = desc_->IDtoIndex(id);
-    return index >= 0 && tab == 0 && IsControlled(index)
-               ? static_cast<Control*>(values_[size_t(index)].ref)
+    return index < 0 ? -1 : int(values_[size_t(index)].size());
+}
+
+void IParamBlock2::InsertElements(int index, int at, const std::vector<PB2Value>& values) {
+    auto& elements = values_[size_t(index)];
+    std::vector<Slot> slots;
+    for (const PB2Value& v : values) slots.push_back({v, nullptr});
+    elements.insert(elements.begin() + at, slots.begin(), slots.end());
+    TellTable(index, tab_insert, at, int(values.size()));
+    Changed(desc_->Param(index).id, at);
+}
+
+void IParamBlock2::EraseElements(int index, int at, int n) {
+    auto& elements = values_[size_t(index)];
+    elements.erase(elements.begin() + at, elements.begin() + at + n);
+    TellTable(index, tab_delete, at, n);
+    Changed(desc_->Param(index).id, at);
+}
+
+bool IParamBlock2::Insert(ParamID id, int at, int n) {
+    const int index = FindTable(id);
+    if (index < 0 || n < 0 || at < 0 || size_t(at) > values_[size_t(index)].size()) return false;
+    const std::vector<PB2Value> defaults(size_t(n), desc_->Param(index).def);
+    if (theHold.Holding()) theHold.Put(new TableRestore(this, index, at, defaults, true));
+    InsertElements(index, at, defaults);
+    return true;
+}
+
+int IParamBlock2::Append(ParamID id, int n) {
+    const int at = Count(id);
+    return FindTable(id) >= 0 && Insert(id, at, n) ? at : -1;
+}
+
+bool IParamBlock2::Delete(ParamID id, int start, int n) {
+    const int index = FindTable(id);
+    const int count = Count(id);
+    if (index < 0 || n < 0 || start < 0 || start + n > count) return false;
+    std::vector<PB2Value> removed;
+    for (int tab = start; tab < start + n; ++tab) {
+        if (HoldsReferences(index)) ReplaceReference(RefOf(index, tab), nullptr);
+        removed.push_back(values_[size_t(index)][size_t(tab)].v);
+    }
+    if (theHold.Holding()) theHold.Put(new TableRestore(this, index, start, removed, false));
+    EraseElements(index, start, n);
+    return true;
+}
+
+bool IParamBlock2::SetCount(ParamID id, int n) {
+    const int count = Count(id);
+    if (FindTable(id) < 0 || n < 0) return false;
+    return n >= count ? Insert(id, count, n - count) : Delete(id, n, count - n);
+}
+
+Control* IParamBlock2::GetController(ParamID id, int tab) {
+    const int index = FindElement(id, tab);
+    return index >= 0 && IsControlled(index, tab)
+               ? static_cast<Control*>(values_[size_t(index)][size_t(tab)].ref)
                : nullptr;
 }
 
 bool IParamBlock2::SetController(ParamID id, int tab, Control* c, bool preserveValue) {
-    const int index = desc_->IDtoIndex(id);
-    if (index < 0 || tab != 0 || !(desc_->Param(index).flags & P_ANIMATABLE)) return false;
+    const int index = FindElement(id, tab);
+    if (index < 0 || !(desc_->Param(index).flags & P_ANIMATABLE)) return false;
     if (c && preserveValue && KindOf(desc_->Param(index).type) == Kind::Float) {
         float value = GetFloat(id, 0, tab);
         SuspendAnimate();
         c->SetValue(0, &value);
         ResumeAnimate();
     }
-    ReplaceReference(refOf_[size_t(index)], c);
+    ReplaceReference(RefOf(index, tab), c);
     Changed(id, tab);
     return true;
 }
@@ -234,37 +333,95 @@ ParamID IParamBlock2::LastNotifyParamID(int& tab) const {
     return lastParam_;
 }
 
-Animatable* IParamBlock2::SubAnim(int i) {
-    ReferenceTarget* c = values_[size_t(subs_[size_t(i)])].ref;
-    return c ? static_cast<Animatable*>(c) : &thePseudoAnimatable;
+int IParamBlock2::RefOf(int index, int tab) const {
+    int slot = 0;
+    for (int p = 0; p < index; ++p)
+        if (HoldsReferences(p)) slot += int(values_[size_t(p)].size());
+    return slot + tab;
 }
 
-WStr IParamBlock2::SubAnimName(int i) {
-    const wchar_t* name = desc_->Param(subs_[size_t(i)]).name;
-    return WStr(name);
+IParamBlock2::Element IParamBlock2::RefElement(int i) const {
+    for (int p = 0; p < NumParams(); ++p) {
+        if (!HoldsReferences(p)) continue;
+        const int n = int(values_[size_t(p)].size());
+        if (i < n) return {p, i};
+        i -= n;
+    }
+    return {};
+}
+
+IParamBlock2::Element IParamBlock2::SubElement(int i) const {
+    for (int p = 0; p < NumParams(); ++p) {
+        if (!(desc_->Param(p).flags & P_ANIMATABLE)) continue;
+        const int n = int(values_[size_t(p)].size());
+        if (i < n) return {p, i};
+        i -= n;
+    }
+    return {};
+}
+
+int IParamBlock2::NumRefs() {
+    int n = 0;
+    for (int p = 0; p < NumParams(); ++p)
+        if (HoldsReferences(p)) n += int(values_[size_t(p)].size());
+    return n;
+}
+
+ReferenceTarget* IParamBlock2::GetReference(int i) {
+    const Element e = RefElement(i);
+    return e.index < 0 ? nullptr : values_[size_t(e.index)][size_t(e.tab)].ref;
 }
 
 void IParamBlock2::SetReference(int i, ReferenceTarget* t) {
-    const int index = paramOfRef_[size_t(i)];
-    values_[size_t(index)].ref = t;
+    const Element e = RefElement(i);
+    values_[size_t(e.index)][size_t(e.tab)].ref = t;
     // Undo and redo put references back without passing through Set: the accessor of
     // a node or target parameter sees them here.
-    const ParamDef& def = desc_->Param(index);
+    const ParamDef& def = desc_->Param(e.index);
     if (!theHold.RestoreOrRedoing() || !IsReferenceType(def.type) || !def.accessor || IsLoading())
         return;
     PB2Value v;
     v.r = t;
-    def.accessor->Set(v, owner_, def.id, 0, 0);
+    def.accessor->Set(v, owner_, def.id, e.tab, 0);
+}
+
+int IParamBlock2::NumSubs() {
+    int n = 0;
+    for (int p = 0; p < NumParams(); ++p)
+        if (desc_->Param(p).flags & P_ANIMATABLE) n += int(values_[size_t(p)].size());
+    return n;
+}
+
+Animatable* IParamBlock2::SubAnim(int i) {
+    const Element e = SubElement(i);
+    if (e.index < 0) return nullptr;
+    ReferenceTarget* c = values_[size_t(e.index)][size_t(e.tab)].ref;
+    return c ? static_cast<Animatable*>(c) : &thePseudoAnimatable;
+}
+
+WStr IParamBlock2::SubAnimName(int i) {
+    const Element e = SubElement(i);
+    return e.index < 0 ? WStr() : WStr(desc_->Param(e.index).name);
+}
+
+int IParamBlock2::SubToParamIndex(int i) const {
+    return SubElement(i).index;
 }
 
 RefResult IParamBlock2::NotifyRefChanged(const Interval&, ReferenceTarget* hTarget, PartID&,
                                          RefMessage message, bool) {
     if (!notify_) return REF_STOP;
-    for (size_t k = 0; k < paramOfRef_.size(); ++k)
-        if (values_[size_t(paramOfRef_[k])].ref == hTarget && message == REFMSG_CHANGE) {
-            lastParam_ = desc_->Param(paramOfRef_[k]).id;
-            lastTab_ = 0;
+    for (int i = 0, n = NumRefs(); i < n; ++i) {
+        const Element e = RefElement(i);
+        if (values_[size_t(e.index)][size_t(e.tab)].ref != hTarget) continue;
+        const ParamDef& def = desc_->Param(e.index);
+        if (message == REFMSG_CHANGE) {
+            lastParam_ = def.id;
+            lastTab_ = e.tab;
+        } else if (message == REFMSG_TARGET_DELETED && IsTable(def.type)) {
+            TellTable(e.index, tab_ref_deleted, e.tab, 1);
         }
+    }
     return REF_SUCCEED;
 }
 

@@ -14,7 +14,8 @@ inline constexpr SClass_ID PARAMETER_BLOCK2_CLASS_ID = 0x82;
 // (REFMSG_CHANGE, with LastNotifyParamID naming the parameter) and, for an animatable
 // parameter, goes to its controller: one is made on demand when the parameter is set
 // while animating. Node and reference-target parameters are references of the block,
-// so the owner hears its nodes. Reads at any time; a non-animated value holds always.
+// so the owner hears its nodes. A table parameter holds any number of elements (a
+// plain one exactly one), each with its own value, reference or controller.
 class IParamBlock2 : public ReferenceTarget {
 public:
     IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner);
@@ -39,8 +40,8 @@ public:
     // The value with its validity: valid is narrowed by an animated parameter's span.
     bool GetValue(ParamID id, TimeValue t, PB2Value& v, Interval& valid, int tab = 0);
 
-    // False, and nothing changes, for an unknown parameter, a refused value or a
-    // value of another type than the parameter's.
+    // False, and nothing changes, for an unknown parameter or element, a refused value
+    // or a value of another type than the parameter's.
     bool SetValue(ParamID id, TimeValue t, float v, int tab = 0);
     bool SetValue(ParamID id, TimeValue t, int v, int tab = 0);
     bool SetValue(ParamID id, TimeValue t, const Point3& v, int tab = 0);
@@ -48,6 +49,17 @@ public:
     bool SetValue(ParamID id, TimeValue t, const Matrix3& v, int tab = 0);
     bool SetValue(ParamID id, TimeValue t, const wchar_t* v, int tab = 0);
     bool SetValue(ParamID id, TimeValue t, ReferenceTarget* v, int tab = 0);
+
+    // Tables: the count (1 for a plain parameter, -1 for an unknown id), and edits that
+    // are false, changing nothing, for a plain parameter or a range outside the table.
+    int Count(ParamID id) const;
+    // Inserts n elements with the parameter's default before index at.
+    bool Insert(ParamID id, int at, int n);
+    // Appends n elements with the default; the index of the first, or -1.
+    int Append(ParamID id, int n);
+    bool Delete(ParamID id, int start, int n);
+    bool SetCount(ParamID id, int n);
+    bool ZeroCount(ParamID id) { return SetCount(id, 0); }
 
     Control* GetController(ParamID id, int tab = 0);
     // Gives an animatable parameter a controller (shared with other blocks if it has
@@ -57,17 +69,17 @@ public:
     // While off, the block tells its owner nothing, not even its controllers' changes.
     void EnableNotifications(bool on) { notify_ = on; }
 
-    int NumRefs() override { return int(paramOfRef_.size()); }
-    ReferenceTarget* GetReference(int i) override {
-        return values_[size_t(paramOfRef_[size_t(i)])].ref;
-    }
-    // Animatable parameters, in definition order: the controller, or the pseudo
-    // animatable (superclass 0x900F, class id (0xEFFFFFFF, 0)) when there is none.
-    int NumSubs() override { return int(subs_.size()); }
+    // One reference per element of every node, target or animatable parameter, in
+    // definition order.
+    int NumRefs() override;
+    ReferenceTarget* GetReference(int i) override;
+    // The elements of animatable parameters, in definition order: the controller, or the
+    // pseudo animatable (superclass 0x900F, class id (0xEFFFFFFF, 0)) when there is none.
+    int NumSubs() override;
     Animatable* SubAnim(int i) override;
     WStr SubAnimName(int i) override;
-    // The parameter index of sub-anim i.
-    int SubToParamIndex(int i) const { return subs_[size_t(i)]; }
+    // The parameter index of sub-anim i, or -1.
+    int SubToParamIndex(int i) const;
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
                                RefMessage message, bool propagate) override;
 
@@ -76,30 +88,42 @@ protected:
 
 private:
     class ValueRestore;
+    class TableRestore;
     struct Slot {
         PB2Value v;
         ReferenceTarget* ref = nullptr;  // the controller, or the node or target value
     };
     using Kind = ValueKind;
+    struct Element {
+        int index = -1;  // parameter index
+        int tab = 0;     // element of it
+    };
 
-    // The index of parameter id if it exists, takes values of kind and tab is 0.
+    // The index of parameter id if it has element tab (and takes values of kind).
+    int FindElement(ParamID id, int tab) const;
     int Find(ParamID id, Kind kind, int tab) const;
+    int FindTable(ParamID id) const;
     bool Set(ParamID id, TimeValue t, PB2Value v, Kind kind, int tab);
-    void Store(int index, const PB2Value& v);
+    void Store(int index, int tab, const PB2Value& v);
     void Changed(ParamID id, int tab);
-    void RunGetAccessor(int index, TimeValue t, PB2Value& v, Interval& valid);
+    void RunGetAccessor(int index, int tab, TimeValue t, PB2Value& v, Interval& valid);
+    void TellTable(int index, tab_changes change, int tab, int count);
+    bool IsControlled(int index, int tab) const;
+    bool HoldsReferences(int index) const;
+    // Reference slot i, or sub-anim i, as a parameter element.
+    Element RefElement(int i) const;
+    Element SubElement(int i) const;
+    int RefOf(int index, int tab) const;
+    void InsertElements(int index, int at, const std::vector<PB2Value>& values);
+    void EraseElements(int index, int at, int n);
     template <typename T>
     T Read(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field);
     template <typename T>
     bool Write(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field, const T& value);
-    bool IsControlled(int index) const;
 
     ParamBlockDesc2* desc_;
     ReferenceMaker* owner_;
-    std::vector<Slot> values_;
-    std::vector<int> refOf_;       // parameter index -> reference slot, or -1
-    std::vector<int> paramOfRef_;  // reference slot -> parameter index
-    std::vector<int> subs_;        // sub-anim -> parameter index
+    std::vector<std::vector<Slot>> values_;  // per parameter: its elements
     ParamID lastParam_ = -1;
     int lastTab_ = 0;
     bool notify_ = true;

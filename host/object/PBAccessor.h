@@ -24,13 +24,19 @@ struct PB2Value {
     ReferenceTarget* r = nullptr;
 };
 
+// What happened to a table parameter.
+enum tab_changes : int { tab_insert, tab_append, tab_delete, tab_ref_deleted, tab_setcount };
+
 // Runs on every read and every write of its parameter, during undo and redo too, but
-// never while a scene loads. Set may change the value before it is stored.
+// never while a scene loads. Set may change the value before it is stored. TabChanged
+// hears the table edits: count elements inserted, appended or deleted at tabIndex, a
+// referenced element deleted, or the count set.
 class PBAccessor {
 public:
     virtual ~PBAccessor() = default;
     virtual void Get(PB2Value&, ReferenceMaker*, ParamID, int, TimeValue, Interval&) {}
     virtual void Set(PB2Value&, ReferenceMaker*, ParamID, int, TimeValue) {}
+    virtual void TabChanged(tab_changes, ReferenceMaker*, ParamID, int, int) {}
 };
 
 // Refuses values a parameter must not take (a write of a refused value changes nothing).

@@ -30,6 +30,7 @@ struct ParamDef {
     std::optional<std::pair<float, float>> range = std::nullopt;  // the panel's range
     PBAccessor* accessor = nullptr;
     PBValidator* validator = nullptr;
+    int tableSize = 0;  // a table's count in a new block
 };
 
 // Block flags.

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <random>
+#include <tuple>
 
 #include "host/classes/BezierFloat.h"
 #include "host/classes/HostClasses.h"
@@ -201,6 +202,86 @@ TEST_F(ParamBlocks, ControllersCanBeSharedAndTargetsAreReferences) {
     EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
     theHold.ClearUndo();
     b->DeleteMe();
+}
+
+enum : ParamID { pNodes, pWeights };
+
+// Logs the table edits its parameter hears.
+struct TableWatcher : PBAccessor {
+    std::vector<std::tuple<tab_changes, int, int>> heard;
+    void TabChanged(tab_changes change, ReferenceMaker*, ParamID, int tab, int count) override {
+        heard.emplace_back(change, tab, count);
+    }
+} tableWatcher;
+
+ParamBlockDesc2 tableBlock(
+    1, L"tables", 0, 0, nullptr,
+    {
+        {pNodes, L"nodes", TableOf(TYPE_REFTARG), 0, 0, {}, std::nullopt, &tableWatcher},
+        {pWeights,
+         L"weights",
+         TableOf(TYPE_FLOAT),
+         P_ANIMATABLE,
+         0,
+         {.f = 1.0f},
+         std::nullopt,
+         nullptr,
+         nullptr,
+         2},
+    });
+
+TEST_F(ParamBlocks, TablesGrowShrinkAndUndoWithTheirReferencesAndControllers) {
+    auto* root = new TestTarget;
+    auto* pb = new IParamBlock2(&tableBlock, root);
+    root->ReplaceReference(0, pb);
+    tableWatcher.heard.clear();
+    EXPECT_TRUE(pb->Count(pNodes) == 0 && pb->Count(pWeights) == 2 &&
+                pb->GetFloat(pWeights, 0, 1) == 1.0f);
+    std::vector<TestTarget*> t{new TestTarget, new TestTarget, new TestTarget};
+    theHold.Begin();
+    ASSERT_EQ(pb->Append(pNodes, 3), 0);
+    for (int i = 0; i < 3; ++i) pb->SetValue(pNodes, 0, t[size_t(i)], i);
+    pb->SetValue(pWeights, 0, 0.5f, 1);
+    AnimateOn();
+    pb->SetValue(pWeights, 960, 2.0f, 0);  // element 0 only gets a controller
+    AnimateOff();
+    theHold.Accept(L"Fill");
+    ASSERT_TRUE(pb->GetController(pWeights, 0) && !pb->GetController(pWeights, 1));
+    EXPECT_TRUE(pb->NumSubs() == 2 && pb->SubAnimName(1) == WStr(L"weights") &&
+                pb->SubAnim(1)->ClassID() == Class_ID(0xEFFFFFFF, 0) &&
+                pb->SubToParamIndex(1) == 1);
+
+    theHold.Begin();
+    ASSERT_TRUE(pb->Delete(pNodes, 0, 1));  // t[0] leaves, and goes with its last reference
+    ASSERT_TRUE(pb->Insert(pWeights, 1, 1));
+    theHold.Accept(L"Edit");
+    EXPECT_TRUE(pb->GetReferenceTarget(pNodes, 0, 0) == t[1] && pb->Count(pNodes) == 2);
+    EXPECT_TRUE(pb->Count(pWeights) == 3 && pb->GetFloat(pWeights, 0, 1) == 1.0f &&
+                pb->GetFloat(pWeights, 0, 2) == 0.5f);
+    EXPECT_TRUE(pb->GetController(pWeights, 0) && pb->GetFloat(pWeights, 960, 0) == 2.0f);
+    theHold.Begin();
+    t[1]->DeleteMe();  // a referenced element dies: the table hears it and the slot empties
+    theHold.Accept(L"Delete");
+    EXPECT_TRUE(pb->GetReferenceTarget(pNodes, 0, 0) == nullptr && pb->Count(pNodes) == 2);
+    using H = std::tuple<tab_changes, int, int>;
+    EXPECT_EQ(tableWatcher.heard,
+              (std::vector<H>{{tab_insert, 0, 3}, {tab_delete, 0, 1}, {tab_ref_deleted, 0, 1}}));
+    EXPECT_FALSE(pb->Insert(pNodes, 5, 1) || pb->Delete(pNodes, 1, 2) ||
+                 pb->Insert(ParamID(9), 0, 1));
+
+    while (theHold.Undo()) {
+    }
+    EXPECT_TRUE(pb->Count(pNodes) == 0 && pb->Count(pWeights) == 2 &&
+                !pb->GetController(pWeights, 0));
+    EXPECT_EQ(pb->GetFloat(pWeights, 0, 1), 1.0f);
+    while (theHold.Redo()) {
+    }
+    EXPECT_TRUE(pb->Count(pNodes) == 2 && pb->GetReferenceTarget(pNodes, 0, 1) == t[2]);
+    EXPECT_TRUE(pb->Count(pWeights) == 3 && pb->GetFloat(pWeights, 960, 0) == 2.0f);
+    ASSERT_TRUE(pb->SetCount(pNodes, 1));
+    EXPECT_EQ(pb->Count(pNodes), 1);
+    theHold.ClearUndo();
+    root->DeleteMe();
 }
 
 // What an owner shows: its parameters sampled over time, its target and controller.
