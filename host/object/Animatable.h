@@ -1,14 +1,24 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
 
+#include "host/core/Interval.h"
 #include "host/core/WStr.h"
+#include "host/object/AnimProperty.h"
 #include "host/object/ClassId.h"
+#include "host/object/ParamDimension.h"
 
 namespace host {
 
 class FPInterface;
 class ICustAttribContainer;
+class IObjParam;
+class IParamBlock2;
+class AnimEnum;
+using BlockID = int16_t;
 
 // The root of the object model: identity, sub-anims, interfaces and the flag word.
 class Animatable {
@@ -29,6 +39,33 @@ public:
     virtual int NumSubs() { return 0; }
     virtual Animatable* SubAnim(int) { return nullptr; }
     virtual WStr SubAnimName(int) { return WStr(); }
+    // How sub-anim i's values are shown.
+    virtual ParamDimension* SubAnimDimension(int) { return defaultDim(); }
+    // Whether sub-anim i may be given another controller, and doing so.
+    virtual bool CanAssignController(int) { return false; }
+    virtual bool AssignController(Animatable*, int) { return false; }
+    // Calls proc for this object and, depth first, its sub-anims. Returns the last
+    // answer: ANIM_ENUM_STOP skips a branch, ANIM_ENUM_ABORT ends the walk.
+    int EnumAnimTree(AnimEnum* proc, Animatable* client, int subNum);
+    // The union of the sub-anims' animated ranges; NEVER when nothing is animated.
+    virtual Interval GetTimeRange();
+    // Whether any sub-anim is animated.
+    virtual bool IsAnimated();
+
+    virtual int NumParamBlocks() { return 0; }
+    virtual IParamBlock2* GetParamBlock(int) { return nullptr; }
+    // The block with that id among GetParamBlock(0..NumParamBlocks-1), or null.
+    virtual IParamBlock2* GetParamBlockByID(BlockID id);
+
+    // The object's panels open and close here. Without a user interface attached (the
+    // command line, tests) nothing opens; the studio's rollups override these.
+    virtual void BeginEditParams(IObjParam*, uint32_t, Animatable*) {}
+    virtual void EndEditParams(IObjParam*, uint32_t, Animatable*) {}
+
+    // Data kept under a property id; SetProperty takes ownership and replaces what was
+    // there (null removes it).
+    AnimProperty* GetProperty(uint32_t id);
+    void SetProperty(uint32_t id, AnimProperty* data);
 
     // An interface by its numeric id, or null.
     virtual void* GetInterface(uint32_t) { return nullptr; }
@@ -46,6 +83,15 @@ public:
 private:
     uint32_t flags_ = 0;
     ICustAttribContainer* custAttribs_ = nullptr;
+    std::vector<std::pair<uint32_t, std::unique_ptr<AnimProperty>>> properties_;
+};
+
+// The walker of EnumAnimTree.
+enum AnimEnumResult : int { ANIM_ENUM_PROCEED = 0, ANIM_ENUM_STOP = 1, ANIM_ENUM_ABORT = 2 };
+class AnimEnum {
+public:
+    virtual ~AnimEnum() = default;
+    virtual int proc(Animatable* anim, Animatable* client, int subNum) = 0;
 };
 
 }  // namespace host

@@ -98,9 +98,9 @@ public:
     virtual bool IsKeySelected(int) { return false; }
     virtual void MoveKeys(TimeValue, bool) {}
     virtual bool IsKeyable() { return false; }
-    virtual bool IsAnimated() { return NumKeys() > 0; }
+    bool IsAnimated() override { return NumKeys() > 0; }
     virtual bool IsLeaf() { return true; }
-    virtual Interval GetTimeRange() { return NEVER; }
+    Interval GetTimeRange() override { return NEVER; }
     virtual int GetORT(int) { return ORT_CONSTANT; }
     virtual void SetORT(int, int) {}
 };

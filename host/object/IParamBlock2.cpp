@@ -408,6 +408,20 @@ int IParamBlock2::SubToParamIndex(int i) const {
     return SubElement(i).index;
 }
 
+ParamDimension* IParamBlock2::SubAnimDimension(int i) {
+    const Element e = SubElement(i);
+    switch (e.index < 0 ? TYPE_VOID : BaseType(desc_->Param(e.index).type)) {
+        case TYPE_ANGLE:
+            return stdAngleDim();
+        case TYPE_PCNT_FRAC:
+            return stdPercentDim();
+        case TYPE_WORLD:
+            return stdWorldDim();
+        default:
+            return defaultDim();
+    }
+}
+
 RefResult IParamBlock2::NotifyRefChanged(const Interval&, ReferenceTarget* hTarget, PartID&,
                                          RefMessage message, bool) {
     if (!notify_) return REF_STOP;

@@ -78,6 +78,8 @@ public:
     int NumSubs() override;
     Animatable* SubAnim(int i) override;
     WStr SubAnimName(int i) override;
+    // By the parameter's type: angles show in degrees, percentages as percent.
+    ParamDimension* SubAnimDimension(int i) override;
     // The parameter index of sub-anim i, or -1.
     int SubToParamIndex(int i) const;
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,

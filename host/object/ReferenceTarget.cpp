@@ -128,6 +128,18 @@ void ReferenceTarget::DoEnumDependents(DependentEnumProc* proc) {
     EnumDependents(proc, visited);
 }
 
+void ReferenceTarget::TransferReferences(ReferenceTarget* from, bool deleteOld) {
+    if (!from || from == this) return;
+    const TargetPin keep(from);
+    std::vector<ReferenceMaker*> makers;
+    DependentIterator it(from);
+    while (ReferenceMaker* maker = it.Next()) makers.push_back(maker);
+    for (ReferenceMaker* maker : makers)
+        for (int i = 0; i < maker->NumRefs(); ++i)
+            if (maker->GetReference(i) == from) RefSystem::SetRef(maker, i, this, false);
+    if (deleteOld && !from->HasStrongDependents()) from->DeleteMe();
+}
+
 RefResult ReferenceTarget::TestForLoop(const Interval&, ReferenceMaker* maker) {
     if (maker == this) return REF_FAIL;
     if (!maker->IsRefTarget()) return REF_SUCCEED;  // nothing can depend on a plain maker

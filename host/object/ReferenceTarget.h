@@ -47,6 +47,9 @@ public:
     RefResult TestForLoop(const Interval& refInterval, ReferenceMaker* maker);
     // Calls proc for every dependent, indirect ones included, each once.
     void DoEnumDependents(DependentEnumProc* proc);
+    // Makes every dependent of from refer to this object instead, recorded when holding;
+    // with deleteOld, from goes once nothing owns it.
+    void TransferReferences(ReferenceTarget* from, bool deleteOld);
 
     int NumDependents() const;
     bool HasDependents() const { return NumDependents() > 0; }

@@ -71,6 +71,10 @@ public:
     ~Owner() override { --live; }
     int NumRefs() override { return 1; }
     ReferenceTarget* GetReference(int) override { return pb; }
+    int NumParamBlocks() override { return 1; }
+    IParamBlock2* GetParamBlock(int) override { return pb; }
+    int NumSubs() override { return 1; }
+    Animatable* SubAnim(int) override { return pb; }
     void SetReference(int, ReferenceTarget* t) override { pb = static_cast<IParamBlock2*>(t); }
     RefResult NotifyRefChanged(const Interval&, ReferenceTarget*, PartID&, RefMessage m,
                                bool) override {
@@ -202,6 +206,77 @@ TEST_F(ParamBlocks, ControllersCanBeSharedAndTargetsAreReferences) {
     EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
     theHold.ClearUndo();
     b->DeleteMe();
+}
+
+// Walks of the animatable tree, dimensions, properties and reference transfers.
+TEST_F(ParamBlocks, AnimatablesWalkTheirTreeAndKeepTheirProperties) {
+    auto* o = new Owner;
+    EXPECT_TRUE(o->GetParamBlockByID(0) == o->pb && o->GetParamBlockByID(5) == nullptr);
+    EXPECT_FALSE(o->IsAnimated());
+    EXPECT_TRUE(o->GetTimeRange().Empty());
+    AnimateOn();
+    o->pb->SetValue(pSize, 4800, 3.0f);
+    AnimateOff();
+    EXPECT_TRUE(o->IsAnimated() && o->GetTimeRange() == Interval(0, 4800));
+
+    struct Walk : AnimEnum {
+        std::vector<int> subNums;
+        int stopAt = -1;
+        int proc(Animatable* anim, Animatable*, int subNum) override {
+            subNums.push_back(subNum);
+            return anim->SuperClassID() == PARAMETER_BLOCK2_CLASS_ID && stopAt == 0
+                       ? ANIM_ENUM_STOP
+                       : ANIM_ENUM_PROCEED;
+        }
+    } walk;
+    o->EnumAnimTree(&walk, nullptr, 0);  // owner, its block, the block's two animatable parameters
+    EXPECT_EQ(walk.subNums, (std::vector<int>{0, 0, 0, 1}));
+    walk.subNums.clear();
+    walk.stopAt = 0;
+    o->EnumAnimTree(&walk, nullptr, 0);  // the block's branch is skipped
+    EXPECT_EQ(walk.subNums, (std::vector<int>{0, 0}));
+
+    int live = 0;
+    struct Prop : AnimProperty {
+        explicit Prop(int& count) : live(count) { ++live; }
+        ~Prop() override { --live; }
+        int& live;
+    };
+    auto* first = new Prop(live);
+    o->SetProperty(PROPID_JOINTPARAMS, first);
+    EXPECT_EQ(o->GetProperty(PROPID_JOINTPARAMS), first);
+    o->SetProperty(PROPID_JOINTPARAMS, new Prop(live));  // replaces, and frees, the first
+    EXPECT_EQ(live, 1);
+    o->SetProperty(PROPID_JOINTPARAMS, nullptr);
+    EXPECT_TRUE(live == 0 && o->GetProperty(PROPID_JOINTPARAMS) == nullptr);
+    o->DeleteMe();
+
+    // A block's sub-anims show their values in the parameter's own units.
+    ParamBlockDesc2 dims(2, L"dims", 0, 0, nullptr,
+                         {{0, L"bend", TYPE_ANGLE, P_ANIMATABLE, 0, {}},
+                          {1, L"mix", TYPE_PCNT_FRAC, P_ANIMATABLE, 0, {}}});
+    auto* pb = new IParamBlock2(&dims, nullptr);
+    EXPECT_NEAR(pb->SubAnimDimension(0)->Convert(3.1415927f), 180.0f, 1e-4f);
+    EXPECT_NEAR(pb->SubAnimDimension(1)->Convert(0.25f), 25.0f, 1e-6f);
+    EXPECT_NEAR(pb->SubAnimDimension(1)->UnConvert(50.0f), 0.5f, 1e-6f);
+    pb->DeleteMe();
+}
+
+TEST_F(ParamBlocks, TransferReferencesMovesEveryDependent) {
+    auto *root = new TestTarget, *other = new TestTarget, *from = new TestTarget,
+         *to = new TestTarget;
+    root->ReplaceReference(0, from);
+    root->ReplaceReference(1, other);
+    other->ReplaceReference(2, from);
+    root->ReplaceReference(2, to);
+    theHold.Begin();
+    to->TransferReferences(from, true);  // from goes: nothing refers to it any more
+    theHold.Accept(L"Replace");
+    EXPECT_TRUE(root->Ref(0) == to && other->Ref(2) == to && from->NumDependents() == 0);
+    theHold.Undo();
+    EXPECT_TRUE(root->Ref(0) == from && other->Ref(2) == from);
+    theHold.ClearUndo();
+    root->DeleteMe();
 }
 
 enum : ParamID { pNodes, pWeights };
