@@ -428,6 +428,7 @@ TEST_F(ParamBlocks, UndoAndRedoOfRandomSceneEditsAreExact) {
                     theHold.Begin();  // merged into the step's hold
                     c->MoveKeys(pick(200) - 100, false);
                     if (c->NumKeys() > 1) c->DeleteKeyAtTime(c->GetKeyTime(0));
+                    c->SetORT(ORT_CYCLE + pick(4), pick(2) ? ORT_AFTER : ORT_BEFORE);
                     theHold.Accept(L"Keys");
                 }
                 break;
