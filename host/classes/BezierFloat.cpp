@@ -203,7 +203,18 @@ void BezierFloat::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod
     *out = method == CTRL_RELATIVE ? *out + v : v;
 }
 
-void BezierFloat::SetValue(TimeValue t, void* val, int, GetSetMethod method) {
+void BezierFloat::RestoreValue(TimeValue) {
+    if (!tentative_) return;
+    const State before = *tentative_;
+    tentative_.reset();
+    Change([&] { Load(before); });
+}
+
+void BezierFloat::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
+    if (commit)
+        tentative_.reset();
+    else if (!tentative_)
+        tentative_ = Save();
     const float v = *static_cast<float*>(val) + (method == CTRL_RELATIVE ? Evaluate(t) : 0.0f);
     const bool animating = Animating();
     Change([&] {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "host/classes/IKeyControl.h"
@@ -32,6 +33,10 @@ public:
     // value changes; with a key at t that key; else every key moves by the change.
     void SetValue(TimeValue t, void* val, int commit = 1,
                   GetSetMethod method = CTRL_ABSOLUTE) override;
+    // With commit 0 a SetValue is tentative until CommitValue keeps it or RestoreValue
+    // puts back the state from before the first tentative change.
+    void CommitValue(TimeValue) override { tentative_.reset(); }
+    void RestoreValue(TimeValue) override;
     float Evaluate(TimeValue t) const;
 
     int NumKeys() override { return int(keys_.size()); }
@@ -83,6 +88,7 @@ private:
     TimeValue MapOutOfRange(TimeValue t, float& offset) const;
 
     std::vector<IBezFloatKey> keys_;
+    std::optional<State> tentative_;  // the state before uncommitted changes
     float value_ = 0.0f;
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
 };

@@ -121,6 +121,28 @@ TEST(BezierFloat, SetValueKeysWhenAnimatingAndShiftsTheCurveOtherwise) {
     c->DeleteMe();
 }
 
+TEST(BezierFloat, TentativeValuesAreCommittedOrRestored) {
+    BezierFloat* c = Track({{0, 1}, {1000, 2}});
+    float v = 5;
+    c->SetValue(1000, &v, 0);  // tentative, as during a drag
+    v = 6;
+    c->SetValue(1000, &v, 0);
+    EXPECT_EQ(c->Evaluate(1000), 6.0f);
+    c->RestoreValue(1000);  // back to before the first tentative change
+    EXPECT_EQ(c->Evaluate(1000), 2.0f);
+    c->SetValue(1000, &v, 0);
+    c->CommitValue(1000);
+    c->RestoreValue(1000);  // nothing tentative left
+    EXPECT_EQ(c->Evaluate(1000), 6.0f);
+    v = 7;
+    c->SetValue(0, &v, 0);
+    v = 8;
+    c->SetValue(0, &v, 1);  // a committed change ends the tentative one
+    c->RestoreValue(0);
+    EXPECT_EQ(c->Evaluate(0), 8.0f);
+    c->DeleteMe();
+}
+
 TEST(BezierFloat, KeyOperations) {
     BezierFloat* c = Track({{0, 0}, {1000, 4}, {2000, 2}, {3000, 8}});
     const float before = c->Evaluate(1500);
