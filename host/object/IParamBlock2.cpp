@@ -425,15 +425,18 @@ ParamDimension* IParamBlock2::SubAnimDimension(int i) {
 RefResult IParamBlock2::NotifyRefChanged(const Interval&, ReferenceTarget* hTarget, PartID&,
                                          RefMessage message, bool) {
     if (!notify_) return REF_STOP;
-    for (int i = 0, n = NumRefs(); i < n; ++i) {
-        const Element e = RefElement(i);
-        if (values_[size_t(e.index)][size_t(e.tab)].ref != hTarget) continue;
-        const ParamDef& def = desc_->Param(e.index);
-        if (message == REFMSG_CHANGE) {
-            lastParam_ = def.id;
-            lastTab_ = e.tab;
-        } else if (message == REFMSG_TARGET_DELETED && IsTable(def.type)) {
-            TellTable(e.index, tab_ref_deleted, e.tab, 1);
+    for (int index = 0; index < NumParams(); ++index) {
+        if (!HoldsReferences(index)) continue;
+        const ParamDef& def = desc_->Param(index);
+        const auto& elements = values_[size_t(index)];
+        for (int tab = 0; tab < int(elements.size()); ++tab) {
+            if (elements[size_t(tab)].ref != hTarget) continue;
+            if (message == REFMSG_CHANGE) {
+                lastParam_ = def.id;
+                lastTab_ = tab;
+            } else if (message == REFMSG_TARGET_DELETED && IsTable(def.type)) {
+                TellTable(index, tab_ref_deleted, tab, 1);
+            }
         }
     }
     return REF_SUCCEED;
