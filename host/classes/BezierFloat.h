@@ -5,10 +5,9 @@
 
 #include "host/classes/IKeyControl.h"
 #include "host/object/Control.h"
+#include "host/object/HostClassIds.h"
 
 namespace host {
-
-inline constexpr Class_ID BEZIER_FLOAT_CLASS_ID(0x2007, 0);
 
 // The host's keyframed float track, the default float controller. Between two keys it
 // is a cubic bezier in (time, value) whose inner control points lie along the keys'

@@ -4,6 +4,8 @@ namespace host {
 
 class ClassDesc2;
 ClassDesc2* GetBezierFloatDesc();
+ClassDesc2* GetPositionXYZDesc();
+ClassDesc2* GetEulerXYZDesc();
 
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();

@@ -1,10 +1,25 @@
 #include "host/object/Control.h"
 
+#include "host/object/HostClassIds.h"
+
 namespace host {
 
+namespace {
+
+Control* Make(SClass_ID superClass, Class_ID id) {
+    return static_cast<Control*>(CreateInstance(superClass, id));
+}
+
+}  // namespace
+
 Control* NewDefaultFloatController() {
-    // The host's bezier float, found through the class directory like any class.
-    return static_cast<Control*>(CreateInstance(CTRL_FLOAT_CLASS_ID, Class_ID(0x2007, 0)));
+    return Make(CTRL_FLOAT_CLASS_ID, BEZIER_FLOAT_CLASS_ID);
+}
+Control* NewDefaultPositionController() {
+    return Make(CTRL_POSITION_CLASS_ID, POSITION_XYZ_CLASS_ID);
+}
+Control* NewDefaultRotationController() {
+    return Make(CTRL_ROTATION_CLASS_ID, EULER_XYZ_CLASS_ID);
 }
 
 }  // namespace host

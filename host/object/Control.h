@@ -105,7 +105,11 @@ public:
     virtual void SetORT(int, int) {}
 };
 
-// The host's default controllers; null for a type whose default is not built yet.
+// The host's default controllers, made through the class directory; null when the
+// host classes are not registered. Float: bezier float; position: position XYZ of
+// bezier floats; rotation: Euler XYZ of bezier floats.
 Control* NewDefaultFloatController();
+Control* NewDefaultPositionController();
+Control* NewDefaultRotationController();
 
 }  // namespace host

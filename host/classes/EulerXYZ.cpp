@@ -1,0 +1,99 @@
+#include "host/classes/EulerXYZ.h"
+
+#include "host/math/Euler.h"
+#include "host/object/Hold.h"
+
+namespace host {
+
+namespace {
+
+constexpr const wchar_t* kTrackNames[3] = {L"X Rotation", L"Y Rotation", L"Z Rotation"};
+
+class EulerXYZClassDesc : public ClassDesc2 {
+public:
+    int IsPublic() override { return 1; }
+    Animatable* Create(bool loading) override { return new EulerXYZ(loading); }
+    const wchar_t* ClassName() override { return L"Euler XYZ"; }
+    SClass_ID SuperClassID() override { return CTRL_ROTATION_CLASS_ID; }
+    Class_ID ClassID() override { return EULER_XYZ_CLASS_ID; }
+    const wchar_t* Category() override { return L""; }
+};
+
+}  // namespace
+
+ClassDesc2* GetEulerXYZDesc() {
+    static EulerXYZClassDesc desc;
+    return &desc;
+}
+
+class EulerXYZ::OrderRestore : public RestoreObj {
+public:
+    OrderRestore(EulerXYZ* c, int before, int after)
+        : pin_(c), ctrl_(c), before_(before), after_(after) {}
+    void Restore(bool) override { Put(before_); }
+    void Redo() override { Put(after_); }
+
+private:
+    void Put(int order) {
+        ctrl_->order_ = order;
+        ctrl_->NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+    }
+    TargetPin pin_;
+    EulerXYZ* ctrl_;
+    int before_, after_;
+};
+
+EulerXYZ::EulerXYZ(bool loading) : XYZController(kTrackNames, loading) {}
+
+void* EulerXYZ::GetInterface(uint32_t id) {
+    return id == I_EULERCTRL ? static_cast<IEulerControl*>(this) : Control::GetInterface(id);
+}
+
+void EulerXYZ::ToAngles(const Point3& tracks, float* angles) const {
+    for (int step = 0; step < 3; ++step)
+        angles[step] =
+            IsRepeatingEulerOrder(order_) ? tracks[step] : tracks[EulerAxis(order_, step)];
+}
+
+Point3 EulerXYZ::FromAngles(const float* angles) const {
+    Point3 tracks;
+    for (int step = 0; step < 3; ++step)
+        (IsRepeatingEulerOrder(order_) ? tracks[step] : tracks[EulerAxis(order_, step)]) =
+            angles[step];
+    return tracks;
+}
+
+void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
+    float angles[3];
+    ToAngles(ReadTracks(t, valid), angles);
+    Matrix3 rotation;
+    EulerToMatrix(angles, rotation, order_);
+    if (method == CTRL_RELATIVE)
+        *static_cast<Matrix3*>(val) = rotation * *static_cast<Matrix3*>(val);
+    else
+        *static_cast<Quat*>(val) = Quat(rotation);
+}
+
+void EulerXYZ::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
+    Interval valid = FOREVER;
+    float angles[3];
+    ToAngles(ReadTracks(t, valid), angles);
+    Quat q;
+    if (method == CTRL_RELATIVE) {
+        EulerToQuat(angles, q, order_);
+        q = q * Quat(*static_cast<AngAxis*>(val));  // the increment after the present rotation
+    } else {
+        q = *static_cast<Quat*>(val);
+    }
+    ContinuousQuatToEuler(q, angles, order_);
+    WriteTracks(t, FromAngles(angles), commit, CTRL_ABSOLUTE);
+}
+
+void EulerXYZ::SetOrder(int order) {
+    if (order == order_ || order < 0 || order >= kEulerOrderCount) return;
+    if (theHold.Holding()) theHold.Put(new OrderRestore(this, order_, order));
+    order_ = order;
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+}  // namespace host
