@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
@@ -62,21 +63,11 @@ float AutomaticSlope(BezierTangent type, float linear, float smooth, float prese
     }
 }
 
-class BezierFloatClassDesc : public ClassDesc2 {
-public:
-    int IsPublic() override { return 0; }
-    Animatable* Create(bool) override { return new BezierFloat; }
-    const wchar_t* ClassName() override { return L"Bezier Float"; }
-    SClass_ID SuperClassID() override { return CTRL_FLOAT_CLASS_ID; }
-    Class_ID ClassID() override { return BEZIER_FLOAT_CLASS_ID; }
-    const wchar_t* Category() override { return L""; }
-    const wchar_t* InternalName() override { return L"bezier_float"; }
-};
-
 }  // namespace
 
 ClassDesc2* GetBezierFloatDesc() {
-    static BezierFloatClassDesc desc;
+    static HostClassDesc<BezierFloat> desc(L"Bezier Float", L"bezier_float", CTRL_FLOAT_CLASS_ID,
+                                           BEZIER_FLOAT_CLASS_ID, false);
     return &desc;
 }
 

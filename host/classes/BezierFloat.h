@@ -20,6 +20,8 @@ namespace host {
 // Without keys it holds one value. Every edit is undoable, one record per hold.
 class BezierFloat : public Control, public IKeyControl {
 public:
+    // A new bezier float has no keys and the value 0; loading makes no difference.
+    explicit BezierFloat(bool /*loading*/ = false) {}
     Class_ID ClassID() override { return BEZIER_FLOAT_CLASS_ID; }
     SClass_ID SuperClassID() override { return CTRL_FLOAT_CLASS_ID; }
     WStr GetClassName() override { return WStr(L"Bezier Float"); }

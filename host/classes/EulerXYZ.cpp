@@ -1,5 +1,7 @@
 #include "host/classes/EulerXYZ.h"
 
+#include "host/classes/HostClassDesc.h"
+
 #include "host/math/Euler.h"
 #include "host/object/Hold.h"
 
@@ -9,20 +11,11 @@ namespace {
 
 constexpr const wchar_t* kTrackNames[3] = {L"X Rotation", L"Y Rotation", L"Z Rotation"};
 
-class EulerXYZClassDesc : public ClassDesc2 {
-public:
-    int IsPublic() override { return 1; }
-    Animatable* Create(bool loading) override { return new EulerXYZ(loading); }
-    const wchar_t* ClassName() override { return L"Euler XYZ"; }
-    SClass_ID SuperClassID() override { return CTRL_ROTATION_CLASS_ID; }
-    Class_ID ClassID() override { return EULER_XYZ_CLASS_ID; }
-    const wchar_t* Category() override { return L""; }
-};
-
 }  // namespace
 
 ClassDesc2* GetEulerXYZDesc() {
-    static EulerXYZClassDesc desc;
+    static HostClassDesc<EulerXYZ> desc(L"Euler XYZ", L"Euler XYZ", CTRL_ROTATION_CLASS_ID,
+                                        EULER_XYZ_CLASS_ID);
     return &desc;
 }
 

@@ -6,6 +6,8 @@ class ClassDesc2;
 ClassDesc2* GetBezierFloatDesc();
 ClassDesc2* GetPositionXYZDesc();
 ClassDesc2* GetEulerXYZDesc();
+ClassDesc2* GetScaleXYZDesc();
+ClassDesc2* GetPRSDesc();
 
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();

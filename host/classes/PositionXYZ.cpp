@@ -1,25 +1,18 @@
 #include "host/classes/PositionXYZ.h"
 
+#include "host/classes/HostClassDesc.h"
+
 namespace host {
 
 namespace {
 
 constexpr const wchar_t* kTrackNames[3] = {L"X Position", L"Y Position", L"Z Position"};
 
-class PositionXYZClassDesc : public ClassDesc2 {
-public:
-    int IsPublic() override { return 1; }
-    Animatable* Create(bool loading) override { return new PositionXYZ(loading); }
-    const wchar_t* ClassName() override { return L"Position XYZ"; }
-    SClass_ID SuperClassID() override { return CTRL_POSITION_CLASS_ID; }
-    Class_ID ClassID() override { return POSITION_XYZ_CLASS_ID; }
-    const wchar_t* Category() override { return L""; }
-};
-
 }  // namespace
 
 ClassDesc2* GetPositionXYZDesc() {
-    static PositionXYZClassDesc desc;
+    static HostClassDesc<PositionXYZ> desc(L"Position XYZ", L"Position XYZ", CTRL_POSITION_CLASS_ID,
+                                           POSITION_XYZ_CLASS_ID);
     return &desc;
 }
 

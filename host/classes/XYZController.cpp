@@ -1,12 +1,22 @@
 #include "host/classes/XYZController.h"
 
-#include <algorithm>
+#include "host/object/Animate.h"
+#include "host/object/Hold.h"
 
 namespace host {
 
-XYZController::XYZController(const wchar_t* const (&names)[3], bool loading) : names_(names) {
+XYZController::XYZController(const wchar_t* const (&names)[3], bool loading, float rest)
+    : names_(names) {
     if (loading) return;  // the scene reader sets the tracks
     for (int i = 0; i < 3; ++i) ReplaceReference(i, NewDefaultFloatController());
+    if (rest == 0.0f) return;
+    // The rest value is part of the new object, not an edit: no key, no undo record.
+    SuspendAnimate();
+    theHold.Suspend();
+    for (Control* track : tracks_)
+        if (track) track->SetValue(0, &rest, 1, CTRL_ABSOLUTE);
+    theHold.Resume();
+    ResumeAnimate();
 }
 
 bool XYZController::AssignController(Animatable* c, int i) {
@@ -31,35 +41,6 @@ void XYZController::WriteTracks(TimeValue t, const Point3& v, int commit, GetSet
         float component = v[i];
         if (tracks_[i]) tracks_[i]->SetValue(t, &component, commit, method);
     }
-}
-
-Tab<TimeValue> XYZController::MergedKeyTimes() {
-    Tab<TimeValue> times;
-    for (Control* track : tracks_)
-        if (track) track->GetKeyTimes(times, FOREVER, 0);
-    std::sort(times.begin(), times.end());
-    const auto last = std::unique(times.begin(), times.end());
-    times.SetCount(int(last - times.begin()));
-    return times;
-}
-
-int XYZController::NumKeys() {
-    return MergedKeyTimes().Count();
-}
-
-TimeValue XYZController::GetKeyTime(int i) {
-    const Tab<TimeValue> times = MergedKeyTimes();
-    return i >= 0 && i < times.Count() ? times[i] : 0;
-}
-
-void XYZController::GetKeyTimes(Tab<TimeValue>& times, Interval range, uint32_t) {
-    for (TimeValue t : MergedKeyTimes())
-        if (range.InInterval(t)) times.Append(1, &t);
-}
-
-Interval XYZController::GetTimeRange() {
-    const Tab<TimeValue> times = MergedKeyTimes();
-    return times.Count() == 0 ? NEVER : Interval(times[0], times[times.Count() - 1]);
 }
 
 }  // namespace host

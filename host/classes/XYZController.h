@@ -1,15 +1,16 @@
 #pragma once
 
-#include "host/object/Control.h"
+#include "host/classes/CompoundControl.h"
 
 namespace host {
 
 // A controller made of three float tracks, X, Y and Z: its references and sub-anims,
-// named by the subclass. Each track is a default float controller unless assigned.
-class XYZController : public Control {
+// named by the subclass. Each track is a default float controller unless assigned; a new
+// track holds the rest value (0 for a position or rotation, 1 for a scale).
+class XYZController : public CompoundControl {
 public:
     // names: the sub-anim names of the three tracks.
-    XYZController(const wchar_t* const (&names)[3], bool loading);
+    XYZController(const wchar_t* const (&names)[3], bool loading, float rest = 0.0f);
 
     int NumRefs() override { return 3; }
     ReferenceTarget* GetReference(int i) override { return tracks_[i]; }
@@ -22,14 +23,10 @@ public:
     Control* GetXController() override { return tracks_[0]; }
     Control* GetYController() override { return tracks_[1]; }
     Control* GetZController() override { return tracks_[2]; }
-    bool IsLeaf() override { return false; }
-    // The keys of the three tracks, merged by time.
-    int NumKeys() override;
-    TimeValue GetKeyTime(int i) override;
-    void GetKeyTimes(Tab<TimeValue>& times, Interval range, uint32_t flags) override;
-    Interval GetTimeRange() override;
 
 protected:
+    int NumTracks() override { return 3; }
+    Control* Track(int i) override { return tracks_[i]; }
     void SetReference(int i, ReferenceTarget* t) override { tracks_[i] = static_cast<Control*>(t); }
     // The three tracks' values at t, narrowing valid.
     Point3 ReadTracks(TimeValue t, Interval& valid);
@@ -37,7 +34,6 @@ protected:
     void WriteTracks(TimeValue t, const Point3& v, int commit, GetSetMethod method);
 
 private:
-    Tab<TimeValue> MergedKeyTimes();
     const wchar_t* const (&names_)[3];
     Control* tracks_[3] = {nullptr, nullptr, nullptr};
 };

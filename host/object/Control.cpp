@@ -21,5 +21,11 @@ Control* NewDefaultPositionController() {
 Control* NewDefaultRotationController() {
     return Make(CTRL_ROTATION_CLASS_ID, EULER_XYZ_CLASS_ID);
 }
+Control* NewDefaultScaleController() {
+    return Make(CTRL_SCALE_CLASS_ID, BEZIER_SCALE_CLASS_ID);
+}
+Control* NewDefaultMatrix3Controller() {
+    return Make(CTRL_MATRIX3_CLASS_ID, PRS_CLASS_ID);
+}
 
 }  // namespace host

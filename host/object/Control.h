@@ -7,6 +7,7 @@
 #include "host/math/AngAxis.h"
 #include "host/math/Matrix3.h"
 #include "host/math/Quat.h"
+#include "host/math/ScaleValue.h"
 #include "host/object/ClassRegistry.h"
 #include "host/object/ReferenceTarget.h"
 
@@ -111,5 +112,8 @@ public:
 Control* NewDefaultFloatController();
 Control* NewDefaultPositionController();
 Control* NewDefaultRotationController();
+// Null while no bezier scale class is registered.
+Control* NewDefaultScaleController();
+Control* NewDefaultMatrix3Controller();
 
 }  // namespace host

@@ -9,5 +9,8 @@ namespace host {
 inline constexpr Class_ID BEZIER_FLOAT_CLASS_ID(0x2007, 0);
 inline constexpr Class_ID POSITION_XYZ_CLASS_ID(0x118F7E02, 0xFFEE238A);
 inline constexpr Class_ID EULER_XYZ_CLASS_ID(0x2012, 0);
+inline constexpr Class_ID SCALE_XYZ_CLASS_ID(0x118F7C01, 0xFEEE238B);
+inline constexpr Class_ID BEZIER_SCALE_CLASS_ID(0x2010, 0);
+inline constexpr Class_ID PRS_CLASS_ID(0x2005, 0);
 
 }  // namespace host

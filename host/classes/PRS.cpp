@@ -1,0 +1,128 @@
+#include "host/classes/PRS.h"
+
+#include "host/classes/HostClassDesc.h"
+#include "host/classes/HostClasses.h"
+#include "host/math/MatrixHelpers.h"
+
+namespace host {
+
+namespace {
+
+constexpr const wchar_t* kSubNames[3] = {L"Position", L"Rotation", L"Scale"};
+constexpr SClass_ID kSubSuperClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION_CLASS_ID,
+                                           CTRL_SCALE_CLASS_ID};
+
+// The rotation part of m as a matrix, scale and translation removed.
+Matrix3 RotationOf(const Matrix3& m) {
+    Matrix3 r;
+    OrthoQuat(m).MakeMatrix(r);
+    return r;
+}
+
+}  // namespace
+
+ClassDesc2* GetPRSDesc() {
+    static HostClassDesc<PRS> desc(L"Position/Rotation/Scale", L"prs", CTRL_MATRIX3_CLASS_ID,
+                                   PRS_CLASS_ID);
+    return &desc;
+}
+
+PRS::PRS(bool loading) {
+    if (loading) return;  // the scene reader sets the sub-controllers
+    ReplaceReference(0, NewDefaultPositionController());
+    ReplaceReference(1, NewDefaultRotationController());
+    ReplaceReference(2, NewDefaultScaleController());
+}
+
+WStr PRS::SubAnimName(int i) {
+    return WStr(i >= 0 && i < 3 ? kSubNames[i] : L"");
+}
+
+bool PRS::AssignController(Animatable* c, int i) {
+    auto* sub = dynamic_cast<Control*>(c);
+    if (!CanAssignController(i) || !sub || sub->SuperClassID() != kSubSuperClasses[i]) return false;
+    ReplaceReference(i, sub);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+    return true;
+}
+
+void PRS::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod) {
+    // Each sub-controller pre-multiplies: position, then rotation, then scale gives
+    // S * R * T * parent.
+    auto* tm = static_cast<Matrix3*>(val);
+    for (Control* sub : subs_)
+        if (sub) sub->GetValue(t, tm, valid, CTRL_RELATIVE);
+}
+
+Matrix3 PRS::World(TimeValue t, const Matrix3& parent) {
+    Matrix3 tm = parent;
+    Interval valid = FOREVER;
+    GetValue(t, &tm, valid, CTRL_RELATIVE);
+    return tm;
+}
+
+void PRS::SetValue(TimeValue t, void* val, int commit, GetSetMethod) {
+    const auto& packet = *static_cast<SetXFormPacket*>(val);
+    switch (packet.command) {
+        case XFORM_SET:
+            return Place(t, packet, commit);
+        case XFORM_MOVE:
+            return Move(t, packet, commit);
+        case XFORM_ROTATE:
+            return Turn(t, packet, commit);
+        case XFORM_SCALE:
+            return Resize(t, packet, commit);
+    }
+}
+
+void PRS::Place(TimeValue t, const SetXFormPacket& packet, int commit) {
+    Point3 pos;
+    Quat rot;
+    ScaleValue scale;
+    DecomposeMatrix(packet.tmAxis * Inverse(packet.tmParent), pos, rot, scale);
+    if (subs_[0]) subs_[0]->SetValue(t, &pos, commit, CTRL_ABSOLUTE);
+    if (subs_[1]) subs_[1]->SetValue(t, &rot, commit, CTRL_ABSOLUTE);
+    if (subs_[2]) subs_[2]->SetValue(t, &scale, commit, CTRL_ABSOLUTE);
+}
+
+void PRS::Move(TimeValue t, const SetXFormPacket& packet, int commit) {
+    Point3 offset = VectorTransform(Inverse(packet.tmParent), packet.p);
+    if (subs_[0]) subs_[0]->SetValue(t, &offset, commit, CTRL_RELATIVE);
+}
+
+void PRS::Turn(TimeValue t, const SetXFormPacket& packet, int commit) {
+    // The axis given in tmAxis's frame, in world space, then in the parent's space; the
+    // angle stays, so turns of more than half a revolution survive.
+    const Point3 worldAxis = VectorTransform(RotationOf(packet.tmAxis), packet.aa.axis);
+    const Matrix3 parentRotation = RotationOf(packet.tmParent);
+    AngAxis increment(VectorTransform(Inverse(parentRotation), worldAxis), packet.aa.angle);
+    const Point3 origin = World(t, packet.tmParent).GetTrans();
+    if (subs_[1]) subs_[1]->SetValue(t, &increment, commit, CTRL_RELATIVE);
+    if (packet.localOrigin) return;
+    Matrix3 turn;
+    Quat(AngAxis(worldAxis, packet.aa.angle)).MakeMatrix(turn);
+    const Point3 pivot = packet.tmAxis.GetTrans();
+    PutWorldPosition(t, pivot + VectorTransform(turn, origin - pivot), packet.tmParent, commit);
+}
+
+void PRS::Resize(TimeValue t, const SetXFormPacket& packet, int commit) {
+    // Factors along tmAxis's axes, carried into the node's own axes: the scale axis
+    // turns tmAxis's frame into the node's.
+    const Matrix3 world = World(t, packet.tmParent);
+    const Quat axisRotation = OrthoQuat(packet.tmAxis);
+    ScaleValue increment(packet.p, Quat(RotationOf(packet.tmAxis) * Inverse(RotationOf(world))));
+    if (subs_[2]) subs_[2]->SetValue(t, &increment, commit, CTRL_RELATIVE);
+    if (packet.localOrigin) return;
+    const Matrix3 stretch = ScaleValueMatrix(ScaleValue(packet.p, axisRotation));
+    const Point3 pivot = packet.tmAxis.GetTrans();
+    PutWorldPosition(t, pivot + VectorTransform(stretch, world.GetTrans() - pivot), packet.tmParent,
+                     commit);
+}
+
+void PRS::PutWorldPosition(TimeValue t, const Point3& world, const Matrix3& parent, int commit) {
+    Point3 local = world * Inverse(parent);
+    if (subs_[0]) subs_[0]->SetValue(t, &local, commit, CTRL_ABSOLUTE);
+}
+
+}  // namespace host
