@@ -101,6 +101,7 @@ void BezierFloat::Change(Edit edit) {
     }
     edit();
     UpdateTangents();
+    UpdateSegments();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -109,6 +110,7 @@ void BezierFloat::Load(const State& s) {
     value_ = s.value;
     ortBefore_ = s.ortBefore;
     ortAfter_ = s.ortAfter;
+    UpdateSegments();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -142,12 +144,33 @@ float BezierFloat::SegmentValue(size_t k, TimeValue t) const {
 }
 
 float BezierFloat::EvaluateInRange(TimeValue t) const {
-    const auto next =
-        std::upper_bound(keys_.begin(), keys_.end(), t,
-                         [](TimeValue time, const IBezFloatKey& k) { return time < k.time; });
-    const size_t after = size_t(next - keys_.begin());
+    const auto next = std::upper_bound(times_.begin(), times_.end(), t);
+    const size_t after = size_t(next - times_.begin());
     const size_t k = std::clamp<size_t>(after == 0 ? 0 : after - 1, 0, keys_.size() - 2);
-    return SegmentValue(k, t);
+    const Cubic& cubic = cubics_[k];
+    if (cubic.invDuration == 0.0f || t <= times_[k] || t >= times_[k + 1])
+        return SegmentValue(k, t);
+    const float s = float(t - times_[k]) * cubic.invDuration;
+    return ((cubic.c[3] * s + cubic.c[2]) * s + cubic.c[1]) * s + cubic.c[0];
+}
+
+void BezierFloat::UpdateSegments() {
+    times_.resize(keys_.size());
+    for (size_t k = 0; k < keys_.size(); ++k) times_[k] = keys_[k].time;
+    cubics_.assign(keys_.size() > 1 ? keys_.size() - 1 : 0, Cubic{});
+    for (size_t k = 0; k < cubics_.size(); ++k) {
+        const IBezFloatKey& a = keys_[k];
+        const IBezFloatKey& b = keys_[k + 1];
+        const float dt = float(b.time - a.time);
+        if (dt <= 0.0f || IsStepped(a, b) || a.outLength != kThird || b.inLength != kThird)
+            continue;
+        // The Bezier's control values in the power basis.
+        const float p0 = a.val, p1 = a.val + a.outtan * kThird * dt,
+                    p2 = b.val + b.intan * kThird * dt, p3 = b.val;
+        cubics_[k] = {
+            1.0f / dt,
+            {p0, 3.0f * (p1 - p0), 3.0f * (p0 - 2.0f * p1 + p2), p3 - p0 + 3.0f * (p1 - p2)}};
+    }
 }
 
 TimeValue BezierFloat::MapOutOfRange(TimeValue t, float& offset) const {

@@ -80,6 +80,8 @@ private:
     State Save() const { return {keys_, value_, ortBefore_, ortAfter_}; }
     void Load(const State& s);
     void UpdateTangents();
+    // Recomputes the evaluation tables from the keys.
+    void UpdateSegments();
     void InsertKey(TimeValue t, float v, uint32_t flags);
     template <typename Pred>
     void Erase(Pred doomed);
@@ -88,7 +90,18 @@ private:
     float SegmentValue(size_t k, TimeValue t) const;
     TimeValue MapOutOfRange(TimeValue t, float& offset) const;
 
+    // A segment whose handles sit at a third of its duration is a cubic polynomial in
+    // the fraction of its duration: playback reads it through these coefficients, with
+    // the key times in an array of their own for the search. Other segments (stepped,
+    // custom lengths, no duration) read the keys.
+    struct Cubic {
+        float invDuration = 0.0f;  // 0: read the keys
+        float c[4] = {};
+    };
+
     std::vector<IBezFloatKey> keys_;
+    std::vector<TimeValue> times_;
+    std::vector<Cubic> cubics_;
     std::optional<State> tentative_;  // the state before uncommitted changes
     float value_ = 0.0f;
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;

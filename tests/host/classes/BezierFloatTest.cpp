@@ -71,6 +71,33 @@ TEST(BezierFloat, TangentTypesShapeTheCurve) {
     c->DeleteMe();
 }
 
+// Custom tangents with handle lengths other than a third: the curve is the 2D Bezier
+// of (time, value), computed here by bisection on its time component.
+TEST(BezierFloat, HandleLengthsReshapeTheCurve) {
+    auto* c = new BezierFloat;
+    const float dt = 4800.0f, v0 = 2.0f, v1 = 10.0f;
+    IBezFloatKey a, b;
+    a.time = 0, a.val = v0, a.outtan = 0.004f, a.outLength = 0.6f, a.flags = 0x1680;
+    b.time = 4800, b.val = v1, b.intan = 0.001f, b.inLength = 0.1f, b.flags = 0x1680;
+    c->AppendKey(&a);
+    c->AppendKey(&b);
+    auto cubic = [](float p0, float p1, float p2, float p3, float u) {
+        const float w = 1.0f - u;
+        return w * w * w * p0 + 3 * w * w * u * p1 + 3 * w * u * u * p2 + u * u * u * p3;
+    };
+    for (TimeValue t = 240; t < 4800; t += 480) {
+        float lo = 0.0f, hi = 1.0f;
+        for (int i = 0; i < 40; ++i) {
+            const float mid = 0.5f * (lo + hi);
+            (cubic(0, 0.6f * dt, 0.9f * dt, dt, mid) < float(t) ? lo : hi) = mid;
+        }
+        const float expected =
+            cubic(v0, v0 + 0.004f * 0.6f * dt, v1 + 0.001f * 0.1f * dt, v1, 0.5f * (lo + hi));
+        EXPECT_NEAR(c->Evaluate(t), expected, 1e-3f) << "at " << t;
+    }
+    c->DeleteMe();
+}
+
 TEST(BezierFloat, OutOfRangeTypesRepeatOrExtendTheCurve) {
     BezierFloat* c = Track({{1000, 1}, {2000, 5}, {3000, 3}});
     EXPECT_EQ(c->Evaluate(-50000), 1.0f);  // constant by default
