@@ -132,6 +132,35 @@ TEST_F(PRSController, LocalOriginKeepsThePosition) {
     EXPECT_TRUE(MatrixNear(world, ScaleMatrix({2, 2, 2}) * turn * TransMatrix({4, 0, 0}), 1e-4f));
 }
 
+// Keeps the last scale increment written to it, and reads as no scale.
+class RecordingScale : public Control {
+public:
+    SClass_ID SuperClassID() override { return CTRL_SCALE_CLASS_ID; }
+    void GetValue(TimeValue, void*, Interval&, GetSetMethod) override {}
+    void SetValue(TimeValue, void* val, int, GetSetMethod method) override {
+        if (method == CTRL_RELATIVE) increment = *static_cast<ScaleValue*>(val);
+    }
+    ScaleValue increment;
+};
+
+// Factors along a turned axis system reach the scale controller as a scale along the
+// same world directions, expressed in the node's own axes.
+TEST_F(PRSController, ScaleAlongTurnedAxesCarriesTheAxis) {
+    auto* recorder = new RecordingScale;
+    ASSERT_TRUE(prs_->SetScaleController(recorder));
+    MathRandom rnd(3);
+    const Matrix3 parent = RigidTM(rnd), node = RigidTM(rnd), axis = RigidTM(rnd);
+    Write(XFORM_SET, parent, node);
+    const Point3 factors(2.0f, 0.5f, 3.0f);
+    Write(XFORM_SCALE, parent, axis, factors, {}, true);
+    Matrix3 nodeRotation = node, axisRotation = axis;
+    nodeRotation.NoTrans();
+    axisRotation.NoTrans();
+    const Matrix3 worldStretch = Inverse(axisRotation) * ScaleMatrix(factors) * axisRotation;
+    EXPECT_TRUE(MatrixNear(ScaleValueMatrix(recorder->increment),
+                           nodeRotation * worldStretch * Inverse(nodeRotation), 1e-4f));
+}
+
 // A new scale XYZ is at rest: factors of 1, no keys, nothing to undo, even in animate
 // mode; a relative write multiplies.
 TEST_F(PRSController, ScaleTracksStartAtOneAndMultiply) {
