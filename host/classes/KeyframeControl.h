@@ -1,0 +1,351 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "host/classes/IKeyControl.h"
+#include "host/object/Animate.h"
+#include "host/object/Control.h"
+#include "host/object/Hold.h"
+
+namespace host {
+
+// Value arithmetic of keyframed tracks: shifting a curve and repeating it relatively.
+// A value type without + - * supplies these overloads beside its controller.
+inline float KeyAdd(float a, float b) {
+    return a + b;
+}
+inline float KeySub(float a, float b) {
+    return a - b;
+}
+inline float KeyScale(float a, float f) {
+    return a * f;
+}
+inline Point3 KeyAdd(const Point3& a, const Point3& b) {
+    return a + b;
+}
+inline Point3 KeySub(const Point3& a, const Point3& b) {
+    return a - b;
+}
+inline Point3 KeyScale(const Point3& a, float f) {
+    return a * f;
+}
+
+// What every keyframed controller shares, whatever its interpolation: the sorted keys
+// (each with time, flags and val), the value held without keys, out-of-range types,
+// key editing through IKeyControl and the track operations, animate-mode writes,
+// tentative values, and undo with one record per hold. A subclass interpolates
+// between keys, extends a curve linearly, and recomputes what depends on the keys.
+template <class Key, class Value>
+class KeyframeControl : public Control, public IKeyControl {
+public:
+    using Control::GetInterface;
+    void* GetInterface(uint32_t id) override {
+        return id == I_KEYCONTROL ? static_cast<IKeyControl*>(this) : Control::GetInterface(id);
+    }
+
+    // The value at t, out-of-range types applied.
+    Value Evaluate(TimeValue t) const;
+
+    // With commit 0 a write is tentative until CommitValue keeps it or RestoreValue
+    // puts back the state from before the first tentative change.
+    void CommitValue(TimeValue) override { tentative_.reset(); }
+    void RestoreValue(TimeValue) override;
+
+    int NumKeys() override { return int(keys_.size()); }
+    TimeValue GetKeyTime(int i) override { return Valid(i) ? keys_[size_t(i)].time : 0; }
+    int GetKeyIndex(TimeValue t) override;
+    void AddNewKey(TimeValue t, uint32_t flags) override;
+    bool IsKeyAtTime(TimeValue t, uint32_t) override { return GetKeyIndex(t) >= 0; }
+    void DeleteKeyAtTime(TimeValue t) override;
+    // TRACK_DOALL deletes every key, otherwise the selected ones.
+    void DeleteKeys(uint32_t flags) override;
+    void GetKeyTimes(Tab<TimeValue>& times, Interval range, uint32_t flags) override;
+    void SelectKeys(Interval range, bool select) override;
+    bool IsKeySelected(int i) override {
+        return Valid(i) && (keys_[size_t(i)].flags & IKEY_SELECTED);
+    }
+    // Moves the selected keys (every key with selectedOnly false) by dt ticks.
+    void MoveKeys(TimeValue dt, bool selectedOnly) override;
+    bool IsKeyable() override { return true; }
+    Interval GetTimeRange() override {
+        return keys_.empty() ? NEVER : Interval(keys_.front().time, keys_.back().time);
+    }
+    int GetORT(int side) override { return side == ORT_BEFORE ? ortBefore_ : ortAfter_; }
+    // Constant, cycle, loop, oscillate, linear and relative repeat; others are refused.
+    void SetORT(int type, int side) override;
+
+    int GetNumKeys() override { return NumKeys(); }
+    void SetNumKeys(int n) override;
+    void GetKey(int i, IKey* key) override {
+        if (Valid(i)) *static_cast<Key*>(key) = keys_[size_t(i)];
+    }
+    void SetKey(int i, IKey* key) override;
+    int AppendKey(IKey* key) override;
+    void SortKeys() override;
+
+protected:
+    // Between the first and the last key, with at least two keys.
+    virtual Value Interpolate(TimeValue t) const = 0;
+    // Beyond the first key (before) or the last one along the curve's end direction.
+    virtual Value ExtendLinear(bool before, TimeValue t) const = 0;
+    // After every edit: automatic tangents and the like.
+    virtual void UpdateTangents() {}
+    // After every edit and every undo or redo: tables read by Interpolate.
+    virtual void UpdateSegments() {}
+    virtual const wchar_t* KeysUndoName() const = 0;
+
+    // Narrows valid to the span over which the value at t holds.
+    void NarrowValidity(TimeValue t, Interval& valid) const;
+    // Animating: sets the key at t, or makes one. Otherwise: without keys the held
+    // value changes; with a key at t that key; else every key moves by the change.
+    void WriteValue(TimeValue t, const Value& v, int commit);
+
+    std::vector<Key> keys_;
+
+private:
+    class KeysRestore;
+    struct State {
+        std::vector<Key> keys;
+        Value value{};
+        int ortBefore = ORT_CONSTANT, ortAfter = ORT_CONSTANT;
+    };
+
+    bool Valid(int i) const { return i >= 0 && i < int(keys_.size()); }
+    // Every edit: record the state once per hold, change, recompute, notify.
+    template <typename Edit>
+    void Change(Edit edit);
+    State Save() const { return {keys_, value_, ortBefore_, ortAfter_}; }
+    void Load(const State& s);
+    void InsertKey(TimeValue t, const Value& v, uint32_t flags);
+    template <typename Pred>
+    void Erase(Pred doomed);
+    void SortKeysInPlace();
+    TimeValue MapOutOfRange(TimeValue t, Value& offset) const;
+
+    std::optional<State> tentative_;
+    Value value_{};
+    int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
+};
+
+// The whole state before and after one hold's edits.
+template <class Key, class Value>
+class KeyframeControl<Key, Value>::KeysRestore : public RestoreObj {
+public:
+    explicit KeysRestore(KeyframeControl* c)
+        : pin_(c), ctrl_(c), before_(c->Save()), after_(before_) {}
+    void Restore(bool isUndo) override {
+        if (isUndo) after_ = ctrl_->Save();
+        ctrl_->Load(before_);
+    }
+    void Redo() override { ctrl_->Load(after_); }
+    void EndHold() override { ctrl_->ClearAFlag(A_HELD); }
+    WStr Description() override { return WStr(ctrl_->KeysUndoName()); }
+
+private:
+    TargetPin pin_;
+    KeyframeControl* ctrl_;
+    State before_, after_;
+};
+
+template <class Key, class Value>
+template <typename Edit>
+void KeyframeControl<Key, Value>::Change(Edit edit) {
+    if (theHold.Holding() && !TestAFlag(A_HELD)) {
+        theHold.Put(new KeysRestore(this));
+        SetAFlag(A_HELD);
+    }
+    edit();
+    UpdateTangents();
+    UpdateSegments();
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::Load(const State& s) {
+    keys_ = s.keys;
+    value_ = s.value;
+    ortBefore_ = s.ortBefore;
+    ortAfter_ = s.ortAfter;
+    UpdateSegments();
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+template <class Key, class Value>
+TimeValue KeyframeControl<Key, Value>::MapOutOfRange(TimeValue t, Value& offset) const {
+    const Key& first = keys_.front();
+    const Key& last = keys_.back();
+    const int type = t < first.time ? ortBefore_ : ortAfter_;
+    const int64_t period = int64_t(last.time) - first.time;
+    if (period <= 0 || type == ORT_CONSTANT) return t < first.time ? first.time : last.time;
+    const int64_t fromStart = int64_t(t) - first.time;
+    const int64_t into = ((fromStart % period) + period) % period;
+    const int64_t cycles = (fromStart - into) / period;
+    if (type == ORT_OSCILLATE && cycles % 2 != 0) return TimeValue(last.time - into);
+    if (type == ORT_RELATIVE_REPEAT) offset = KeyScale(KeySub(last.val, first.val), float(cycles));
+    return TimeValue(first.time + into);
+}
+
+template <class Key, class Value>
+Value KeyframeControl<Key, Value>::Evaluate(TimeValue t) const {
+    if (keys_.empty()) return value_;
+    if (keys_.size() == 1) return keys_[0].val;
+    if (t >= keys_.front().time && t <= keys_.back().time) return Interpolate(t);
+    const bool before = t < keys_.front().time;
+    if ((before ? ortBefore_ : ortAfter_) == ORT_LINEAR) return ExtendLinear(before, t);
+    Value offset{};
+    const TimeValue inside = MapOutOfRange(t, offset);
+    return KeyAdd(Interpolate(inside), offset);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::NarrowValidity(TimeValue t, Interval& valid) const {
+    if (keys_.size() < 2) return;
+    const TimeValue first = keys_.front().time, last = keys_.back().time;
+    if (t < first && ortBefore_ == ORT_CONSTANT)
+        valid &= Interval(TIME_NegInfinity, first);
+    else if (t > last && ortAfter_ == ORT_CONSTANT)
+        valid &= Interval(last, TIME_PosInfinity);
+    else
+        valid &= Interval(t, t);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::RestoreValue(TimeValue) {
+    if (!tentative_) return;
+    const State before = *tentative_;
+    tentative_.reset();
+    Change([&] { Load(before); });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::WriteValue(TimeValue t, const Value& v, int commit) {
+    if (commit)
+        tentative_.reset();
+    else if (!tentative_)
+        tentative_ = Save();
+    const bool animating = Animating();
+    Change([&] {
+        const int index = GetKeyIndex(t);
+        if (index >= 0) {
+            keys_[size_t(index)].val = v;
+        } else if (animating) {
+            InsertKey(t, v, 0);
+        } else if (keys_.empty()) {
+            value_ = v;
+        } else {
+            const Value delta = KeySub(v, Evaluate(t));
+            for (Key& key : keys_) key.val = KeyAdd(key.val, delta);
+        }
+    });
+}
+
+template <class Key, class Value>
+int KeyframeControl<Key, Value>::GetKeyIndex(TimeValue t) {
+    const auto it = std::lower_bound(keys_.begin(), keys_.end(), t,
+                                     [](const Key& k, TimeValue time) { return k.time < time; });
+    return it != keys_.end() && it->time == t ? int(it - keys_.begin()) : -1;
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::AddNewKey(TimeValue t, uint32_t flags) {
+    if (GetKeyIndex(t) >= 0) return;
+    const Value v = Evaluate(t);
+    Change([&] { InsertKey(t, v, flags & IKEY_SELECTED); });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::InsertKey(TimeValue t, const Value& v, uint32_t flags) {
+    Key key;
+    key.time = t;
+    key.val = v;
+    key.flags = flags;
+    const auto at = std::upper_bound(keys_.begin(), keys_.end(), t,
+                                     [](TimeValue time, const Key& k) { return time < k.time; });
+    keys_.insert(at, key);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::DeleteKeyAtTime(TimeValue t) {
+    const int index = GetKeyIndex(t);
+    if (index >= 0)
+        Change([&] { Erase([&](const Key& k) { return &k == &keys_[size_t(index)]; }); });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::DeleteKeys(uint32_t flags) {
+    const bool all = flags & TRACK_DOALL;
+    Change([&] { Erase([all](const Key& k) { return all || (k.flags & IKEY_SELECTED); }); });
+}
+
+template <class Key, class Value>
+template <typename Pred>
+void KeyframeControl<Key, Value>::Erase(Pred doomed) {
+    // Without keys the track keeps the value it had at the scene's start.
+    const Value atStart = Evaluate(0);
+    std::erase_if(keys_, doomed);
+    if (keys_.empty()) value_ = atStart;
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::GetKeyTimes(Tab<TimeValue>& times, Interval range, uint32_t) {
+    for (const Key& k : keys_)
+        if (range.InInterval(k.time)) times.Append(1, &k.time);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SelectKeys(Interval range, bool select) {
+    Change([&] {
+        for (Key& k : keys_)
+            if (range.InInterval(k.time))
+                k.flags = select ? k.flags | IKEY_SELECTED : k.flags & ~IKEY_SELECTED;
+    });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::MoveKeys(TimeValue dt, bool selectedOnly) {
+    Change([&] {
+        for (Key& k : keys_)
+            if (!selectedOnly || (k.flags & IKEY_SELECTED)) k.time += dt;
+        SortKeysInPlace();
+    });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SetORT(int type, int side) {
+    static constexpr int kAccepted[] = {ORT_CONSTANT,  ORT_CYCLE,  ORT_LOOP,
+                                        ORT_OSCILLATE, ORT_LINEAR, ORT_RELATIVE_REPEAT};
+    if (std::find(std::begin(kAccepted), std::end(kAccepted), type) == std::end(kAccepted)) return;
+    Change([&] { (side == ORT_BEFORE ? ortBefore_ : ortAfter_) = type; });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SetNumKeys(int n) {
+    Change([&] { keys_.resize(size_t(std::max(n, 0))); });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SetKey(int i, IKey* key) {
+    if (Valid(i)) Change([&] { keys_[size_t(i)] = *static_cast<Key*>(key); });
+}
+
+template <class Key, class Value>
+int KeyframeControl<Key, Value>::AppendKey(IKey* key) {
+    Change([&] { keys_.push_back(*static_cast<Key*>(key)); });
+    return NumKeys() - 1;
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SortKeys() {
+    Change([&] { SortKeysInPlace(); });
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SortKeysInPlace() {
+    std::stable_sort(keys_.begin(), keys_.end(),
+                     [](const Key& a, const Key& b) { return a.time < b.time; });
+}
+
+}  // namespace host
