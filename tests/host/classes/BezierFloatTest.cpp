@@ -191,9 +191,11 @@ TEST(BezierFloat, KeyOperations) {
     ASSERT_EQ(keys, static_cast<IKeyControl*>(c));
     keys->SetNumKeys(1);
     EXPECT_EQ(keys->GetNumKeys(), 1);
+    float seven = 7.0f;
+    c->SetValue(0, &seven);  // not animating: the one key moves to 7
     c->DeleteKeys(TRACK_DOALL);
     EXPECT_EQ(c->NumKeys(), 0);
-    EXPECT_EQ(c->Evaluate(123), 0.0f);  // keeps the value it had at the start
+    EXPECT_EQ(c->Evaluate(123), 7.0f);  // keeps the value it had at the start
     c->DeleteMe();
 }
 
