@@ -1,62 +1,9 @@
 #include "host/classes/BezierFloat.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 
 namespace host {
-
-namespace {
-
-constexpr float kThird = 1.0f / 3.0f;
-
-float Bezier(float p0, float p1, float p2, float p3, float u) {
-    const float v = 1.0f - u;
-    return v * v * v * p0 + 3.0f * v * v * u * p1 + 3.0f * v * u * u * p2 + u * u * u * p3;
-}
-
-// The parameter u at which the segment's time curve, with control times at outLength
-// and 1 - inLength of its duration, reaches the fraction s: Newton steps, kept in [0, 1].
-float ParameterAt(float s, float outLength, float inLength) {
-    const float p1 = outLength, p2 = 1.0f - inLength;
-    float u = s;
-    for (int i = 0; i < 12; ++i) {
-        const float error = Bezier(0.0f, p1, p2, 1.0f, u) - s;
-        if (std::fabs(error) < 1e-7f) break;
-        const float v = 1.0f - u;
-        const float slope =
-            3.0f * v * v * p1 + 6.0f * v * u * (p2 - p1) + 3.0f * u * u * (1.0f - p2);
-        u = std::clamp(slope > 1e-6f ? u - error / slope : u - error, 0.0f, 1.0f);
-    }
-    return u;
-}
-
-bool IsStepped(const IBezFloatKey& a, const IBezFloatKey& b) {
-    return GetOutTanType(a.flags) == BEZKEY_STEP || GetInTanType(b.flags) == BEZKEY_STEP;
-}
-
-// The slope an automatic tangent type gives, from the key's side's linear slope and the
-// smooth slope across its neighbours; custom keeps the present one.
-float AutomaticSlope(BezierTangent type, float linear, float smooth, float present) {
-    switch (type) {
-        case BEZKEY_SMOOTH:
-            return smooth;
-        case BEZKEY_LINEAR:
-            return linear;
-        case BEZKEY_FAST:
-            return 2.0f * linear;
-        case BEZKEY_SLOW:
-            return 0.5f * linear;
-        case BEZKEY_USER:
-            return present;
-        default:
-            return 0.0f;  // flat, step
-    }
-}
-
-}  // namespace
 
 ClassDesc2* GetBezierFloatDesc() {
     static HostClassDesc<BezierFloat> desc(L"Bezier Float", L"bezier_float", CTRL_FLOAT_CLASS_ID,
@@ -64,70 +11,35 @@ ClassDesc2* GetBezierFloatDesc() {
     return &desc;
 }
 
-void BezierFloat::UpdateTangents() {
-    const size_t n = keys_.size();
-    auto slope = [this](size_t a, size_t b) {
-        const float dt = float(keys_[b].time - keys_[a].time);
-        return dt != 0.0f ? (keys_[b].val - keys_[a].val) / dt : 0.0f;
-    };
-    for (size_t k = 0; k < n; ++k) {
-        IBezFloatKey& key = keys_[k];
-        const float before = k > 0 ? slope(k - 1, k) : (k + 1 < n ? slope(k, k + 1) : 0.0f);
-        const float after = k + 1 < n ? slope(k, k + 1) : before;
-        const float smooth = k > 0 && k + 1 < n ? slope(k - 1, k + 1) : (k > 0 ? before : after);
-        key.outtan = AutomaticSlope(GetOutTanType(key.flags), after, smooth, key.outtan);
-        key.intan = -AutomaticSlope(GetInTanType(key.flags), before, smooth, -key.intan);
+std::vector<BezierKnot> BezierFloat::Knots() const {
+    std::vector<BezierKnot> knots(keys_.size());
+    for (size_t k = 0; k < keys_.size(); ++k) {
+        const IBezFloatKey& key = keys_[k];
+        knots[k] = {key.time,   key.flags,    key.val,      key.intan,
+                    key.outtan, key.inLength, key.outLength};
     }
+    return knots;
 }
 
-float BezierFloat::SegmentValue(size_t k, TimeValue t) const {
-    const IBezFloatKey& a = keys_[k];
-    const IBezFloatKey& b = keys_[k + 1];
-    if (t <= a.time || IsStepped(a, b)) return t >= b.time ? b.val : a.val;
-    if (t >= b.time) return b.val;
-    const float dt = float(b.time - a.time);
-    const float s = float(t - a.time) / dt;
-    const bool thirds = a.outLength == kThird && b.inLength == kThird;
-    const float u = thirds ? s : ParameterAt(s, a.outLength, b.inLength);
-    return Bezier(a.val, a.val + a.outtan * a.outLength * dt, b.val + b.intan * b.inLength * dt,
-                  b.val, u);
-}
-
-float BezierFloat::Interpolate(TimeValue t) const {
-    const auto next = std::upper_bound(times_.begin(), times_.end(), t);
-    const size_t after = size_t(next - times_.begin());
-    const size_t k = std::clamp<size_t>(after == 0 ? 0 : after - 1, 0, keys_.size() - 2);
-    const Cubic& cubic = cubics_[k];
-    if (cubic.invDuration == 0.0f || t <= times_[k] || t >= times_[k + 1])
-        return SegmentValue(k, t);
-    const float s = float(t - times_[k]) * cubic.invDuration;
-    return ((cubic.c[3] * s + cubic.c[2]) * s + cubic.c[1]) * s + cubic.c[0];
+void BezierFloat::UpdateTangents() {
+    std::vector<BezierKnot> knots = Knots();
+    BezierChannel::UpdateTangents(knots);
+    for (size_t k = 0; k < keys_.size(); ++k) {
+        keys_[k].intan = knots[k].intan;
+        keys_[k].outtan = knots[k].outtan;
+    }
 }
 
 void BezierFloat::UpdateSegments() {
-    times_.resize(keys_.size());
-    for (size_t k = 0; k < keys_.size(); ++k) times_[k] = keys_[k].time;
-    cubics_.assign(keys_.size() > 1 ? keys_.size() - 1 : 0, Cubic{});
-    for (size_t k = 0; k < cubics_.size(); ++k) {
-        const IBezFloatKey& a = keys_[k];
-        const IBezFloatKey& b = keys_[k + 1];
-        const float dt = float(b.time - a.time);
-        if (dt <= 0.0f || IsStepped(a, b) || a.outLength != kThird || b.inLength != kThird)
-            continue;
-        // The Bezier's control values in the power basis.
-        const float p0 = a.val, p1 = a.val + a.outtan * kThird * dt,
-                    p2 = b.val + b.intan * kThird * dt, p3 = b.val;
-        cubics_[k] = {
-            1.0f / dt,
-            {p0, 3.0f * (p1 - p0), 3.0f * (p0 - 2.0f * p1 + p2), p3 - p0 + 3.0f * (p1 - p2)}};
-    }
+    channel_.Set(Knots());
+}
+
+float BezierFloat::Interpolate(TimeValue t) const {
+    return channel_.Interpolate(t);
 }
 
 float BezierFloat::ExtendLinear(bool before, TimeValue t) const {
-    const IBezFloatKey& first = keys_.front();
-    const IBezFloatKey& last = keys_.back();
-    return before ? first.val + first.intan * float(first.time - t)
-                  : last.val + last.outtan * float(t - last.time);
+    return channel_.ExtendLinear(before, t);
 }
 
 void BezierFloat::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {

@@ -2,20 +2,16 @@
 
 #include <vector>
 
+#include "host/classes/BezierChannel.h"
 #include "host/classes/KeyframeControl.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
 
-// The host's keyframed float track, the default float controller. Between two keys it
-// is a cubic bezier in (time, value) whose inner control points lie along the keys'
-// tangents at the keys' lengths; a step tangent on either side holds the value. Keys
-// with automatic tangent types get their tangents recomputed whenever keys change:
-//   smooth  the slope between the neighbouring keys (one-sided at the ends)
-//   linear  the slope of the segment on that side
-//   fast    twice the linear slope;  slow  half the linear slope
-//   flat    zero;  step  holds;  custom  as set
-// Without keys it holds one value. Every edit is undoable, one record per hold.
+// The host's keyframed float track, the default float controller: one bezier channel
+// (see BezierChannel for the curve and the automatic tangent types, recomputed
+// whenever keys change). Without keys it holds one value. Every edit is undoable, one
+// record per hold.
 class BezierFloat : public KeyframeControl<IBezFloatKey, float> {
 public:
     // A new bezier float has no keys and the value 0; loading makes no difference.
@@ -38,18 +34,9 @@ protected:
     const wchar_t* KeysUndoName() const override { return L"Bezier Float Keys"; }
 
 private:
-    float SegmentValue(size_t k, TimeValue t) const;
+    std::vector<BezierKnot> Knots() const;
 
-    // A segment whose handles sit at a third of its duration is a cubic polynomial in
-    // the fraction of its duration: playback reads it through these coefficients, with
-    // the key times in an array of their own for the search. Other segments (stepped,
-    // custom lengths, no duration) read the keys.
-    struct Cubic {
-        float invDuration = 0.0f;  // 0: read the keys
-        float c[4] = {};
-    };
-    std::vector<TimeValue> times_;
-    std::vector<Cubic> cubics_;
+    BezierChannel channel_;
 };
 
 }  // namespace host

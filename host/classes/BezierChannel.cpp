@@ -1,0 +1,127 @@
+#include "host/classes/BezierChannel.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/classes/IKeyControl.h"
+
+namespace host {
+
+namespace {
+
+constexpr float kThird = 1.0f / 3.0f;
+
+float Bezier(float p0, float p1, float p2, float p3, float u) {
+    const float v = 1.0f - u;
+    return v * v * v * p0 + 3.0f * v * v * u * p1 + 3.0f * v * u * u * p2 + u * u * u * p3;
+}
+
+// The parameter u at which the segment's time curve, with control times at outLength
+// and 1 - inLength of its duration, reaches the fraction s: Newton steps, kept in [0, 1].
+float ParameterAt(float s, float outLength, float inLength) {
+    const float p1 = outLength, p2 = 1.0f - inLength;
+    float u = s;
+    for (int i = 0; i < 12; ++i) {
+        const float error = Bezier(0.0f, p1, p2, 1.0f, u) - s;
+        if (std::fabs(error) < 1e-7f) break;
+        const float v = 1.0f - u;
+        const float slope =
+            3.0f * v * v * p1 + 6.0f * v * u * (p2 - p1) + 3.0f * u * u * (1.0f - p2);
+        u = std::clamp(slope > 1e-6f ? u - error / slope : u - error, 0.0f, 1.0f);
+    }
+    return u;
+}
+
+bool IsStepped(const BezierKnot& a, const BezierKnot& b) {
+    return GetOutTanType(a.flags) == BEZKEY_STEP || GetInTanType(b.flags) == BEZKEY_STEP;
+}
+
+// The slope an automatic tangent type gives, from the key's side's linear slope and the
+// smooth slope across its neighbours; custom keeps the present one.
+float AutomaticSlope(BezierTangent type, float linear, float smooth, float present) {
+    switch (type) {
+        case BEZKEY_SMOOTH:
+            return smooth;
+        case BEZKEY_LINEAR:
+            return linear;
+        case BEZKEY_FAST:
+            return 2.0f * linear;
+        case BEZKEY_SLOW:
+            return 0.5f * linear;
+        case BEZKEY_USER:
+            return present;
+        default:
+            return 0.0f;  // flat, step
+    }
+}
+
+}  // namespace
+
+void BezierChannel::UpdateTangents(std::vector<BezierKnot>& knots) {
+    const size_t n = knots.size();
+    auto slope = [&knots](size_t a, size_t b) {
+        const float dt = float(knots[b].time - knots[a].time);
+        return dt != 0.0f ? (knots[b].val - knots[a].val) / dt : 0.0f;
+    };
+    for (size_t k = 0; k < n; ++k) {
+        BezierKnot& key = knots[k];
+        const float before = k > 0 ? slope(k - 1, k) : (k + 1 < n ? slope(k, k + 1) : 0.0f);
+        const float after = k + 1 < n ? slope(k, k + 1) : before;
+        const float smooth = k > 0 && k + 1 < n ? slope(k - 1, k + 1) : (k > 0 ? before : after);
+        key.outtan = AutomaticSlope(GetOutTanType(key.flags), after, smooth, key.outtan);
+        key.intan = -AutomaticSlope(GetInTanType(key.flags), before, smooth, -key.intan);
+    }
+}
+
+float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
+    const BezierKnot& a = knots_[k];
+    const BezierKnot& b = knots_[k + 1];
+    if (t <= a.time || IsStepped(a, b)) return t >= b.time ? b.val : a.val;
+    if (t >= b.time) return b.val;
+    const float dt = float(b.time - a.time);
+    const float s = float(t - a.time) / dt;
+    const bool thirds = a.outLength == kThird && b.inLength == kThird;
+    const float u = thirds ? s : ParameterAt(s, a.outLength, b.inLength);
+    return Bezier(a.val, a.val + a.outtan * a.outLength * dt, b.val + b.intan * b.inLength * dt,
+                  b.val, u);
+}
+
+float BezierChannel::Interpolate(TimeValue t) const {
+    const auto next = std::upper_bound(times_.begin(), times_.end(), t);
+    const size_t after = size_t(next - times_.begin());
+    const size_t k = std::clamp<size_t>(after == 0 ? 0 : after - 1, 0, knots_.size() - 2);
+    const Cubic& cubic = cubics_[k];
+    if (cubic.invDuration == 0.0f || t <= times_[k] || t >= times_[k + 1])
+        return SegmentValue(k, t);
+    const float s = float(t - times_[k]) * cubic.invDuration;
+    return ((cubic.c[3] * s + cubic.c[2]) * s + cubic.c[1]) * s + cubic.c[0];
+}
+
+void BezierChannel::Set(std::vector<BezierKnot> knots) {
+    knots_ = std::move(knots);
+    times_.resize(knots_.size());
+    for (size_t k = 0; k < knots_.size(); ++k) times_[k] = knots_[k].time;
+    cubics_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Cubic{});
+    for (size_t k = 0; k < cubics_.size(); ++k) {
+        const BezierKnot& a = knots_[k];
+        const BezierKnot& b = knots_[k + 1];
+        const float dt = float(b.time - a.time);
+        if (dt <= 0.0f || IsStepped(a, b) || a.outLength != kThird || b.inLength != kThird)
+            continue;
+        // The Bezier's control values in the power basis.
+        const float p0 = a.val, p1 = a.val + a.outtan * kThird * dt,
+                    p2 = b.val + b.intan * kThird * dt, p3 = b.val;
+        cubics_[k] = {
+            1.0f / dt,
+            {p0, 3.0f * (p1 - p0), 3.0f * (p0 - 2.0f * p1 + p2), p3 - p0 + 3.0f * (p1 - p2)}};
+    }
+}
+
+float BezierChannel::ExtendLinear(bool before, TimeValue t) const {
+    const BezierKnot& first = knots_.front();
+    const BezierKnot& last = knots_.back();
+    return before ? first.val + first.intan * float(first.time - t)
+                  : last.val + last.outtan * float(t - last.time);
+}
+
+}  // namespace host

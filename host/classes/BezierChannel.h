@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/core/TimeValue.h"
+
+namespace host {
+
+// One scalar component of a bezier key: what the curve reads and the tangent rules
+// write. Tangents are slopes in value per tick; lengths are fractions of the
+// neighbouring segment's duration.
+struct BezierKnot {
+    TimeValue time = 0;
+    uint32_t flags = 0;
+    float val = 0.0f, intan = 0.0f, outtan = 0.0f;
+    float inLength = 1.0f / 3.0f, outLength = 1.0f / 3.0f;
+};
+
+// A scalar bezier curve through sorted knots: each bezier controller keeps one per
+// component of its value. Between two knots it is a cubic bezier in (time, value) whose
+// inner control points lie along the tangents at the lengths; a step tangent on either
+// side holds the value.
+class BezierChannel {
+public:
+    // Recomputes the tangents of automatic types in place:
+    //   smooth  the slope between the neighbouring knots (one-sided at the ends)
+    //   linear  the slope of the segment on that side
+    //   fast    twice the linear slope;  slow  half the linear slope
+    //   flat    zero;  step  holds;  custom  as set
+    static void UpdateTangents(std::vector<BezierKnot>& knots);
+
+    // Takes the knots to read from, and builds the tables for reading them.
+    void Set(std::vector<BezierKnot> knots);
+    // The value at t, for t within the knots' times; at least two knots.
+    float Interpolate(TimeValue t) const;
+    // Beyond the first knot (before) or the last one, along its tangent.
+    float ExtendLinear(bool before, TimeValue t) const;
+
+private:
+    float SegmentValue(size_t k, TimeValue t) const;
+
+    // A segment whose handles sit at a third of its duration is a cubic polynomial in
+    // the fraction of its duration: playback reads it through these coefficients, with
+    // the times in an array of their own for the search. Other segments (stepped,
+    // custom lengths, no duration) read the knots.
+    struct Cubic {
+        float invDuration = 0.0f;  // 0: read the knots
+        float c[4] = {};
+    };
+    std::vector<BezierKnot> knots_;
+    std::vector<TimeValue> times_;
+    std::vector<Cubic> cubics_;
+};
+
+}  // namespace host
