@@ -2,8 +2,7 @@
 
 #include <vector>
 
-#include "host/classes/BezierChannel.h"
-#include "host/classes/KeyframeControl.h"
+#include "host/classes/BezierControl.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -12,7 +11,7 @@ namespace host {
 // (see BezierChannel for the curve and the automatic tangent types, recomputed
 // whenever keys change). Without keys it holds one value. Every edit is undoable, one
 // record per hold.
-class BezierFloat : public KeyframeControl<IBezFloatKey, float> {
+class BezierFloat : public BezierControl<IBezFloatKey, float, 1> {
 public:
     // A new bezier float has no keys and the value 0; loading makes no difference.
     explicit BezierFloat(bool /*loading*/ = false) {}
@@ -27,16 +26,7 @@ public:
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
-    float Interpolate(TimeValue t) const override;
-    float ExtendLinear(bool before, TimeValue t) const override;
-    void UpdateTangents() override;
-    void UpdateSegments() override;
     const wchar_t* KeysUndoName() const override { return L"Bezier Float Keys"; }
-
-private:
-    std::vector<BezierKnot> Knots() const;
-
-    BezierChannel channel_;
 };
 
 }  // namespace host

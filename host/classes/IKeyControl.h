@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "host/core/TimeValue.h"
+#include "host/math/Point3.h"
 
 namespace host {
 
@@ -53,6 +54,16 @@ struct IBezFloatKey : IKey {
     float outtan = 0.0f;
     float inLength = 1.0f / 3.0f;
     float outLength = 1.0f / 3.0f;
+};
+
+// A bezier position key: each component is a bezier float key of its own, sharing
+// the time and the flags.
+struct IBezPoint3Key : IKey {
+    Point3 val;
+    Point3 intan;
+    Point3 outtan;
+    Point3 inLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
+    Point3 outLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
 };
 
 // Direct access to a keyframed controller's keys (interface I_KEYCONTROL). SetKey and

@@ -7,6 +7,7 @@ namespace host {
 // The class ids of the host's own classes. Scene files store them, and the default
 // controllers are chosen among them, so they live here, as data, for every layer.
 inline constexpr Class_ID BEZIER_FLOAT_CLASS_ID(0x2007, 0);
+inline constexpr Class_ID BEZIER_POSITION_CLASS_ID(0x2008, 0);
 inline constexpr Class_ID POSITION_XYZ_CLASS_ID(0x118F7E02, 0xFFEE238A);
 inline constexpr Class_ID EULER_XYZ_CLASS_ID(0x2012, 0);
 inline constexpr Class_ID SCALE_XYZ_CLASS_ID(0x118F7C01, 0xFEEE238B);
