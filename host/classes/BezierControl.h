@@ -7,7 +7,8 @@
 
 namespace host {
 
-// Component access for bezier keys whose fields are a float or a Point3.
+// Component access for bezier keys whose fields are a float, a Point3 or a ScaleValue
+// (its factors).
 inline float& KeyComponent(float& v, int) {
     return v;
 }
@@ -19,6 +20,12 @@ inline float& KeyComponent(Point3& v, int axis) {
 }
 inline float KeyComponent(const Point3& v, int axis) {
     return v[axis];
+}
+inline float& KeyComponent(ScaleValue& v, int axis) {
+    return v.s[axis];
+}
+inline float KeyComponent(const ScaleValue& v, int axis) {
+    return v.s[axis];
 }
 
 // A bezier controller of N components: one BezierChannel per component, made from that

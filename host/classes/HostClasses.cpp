@@ -7,9 +7,9 @@ namespace host {
 void RegisterHostClasses() {
     // One table of the host's descriptors; registering a taken pair is refused, so a
     // second call changes nothing.
-    ClassDesc2* const descriptors[] = {GetBezierFloatDesc(), GetBezierPositionDesc(),
-                                       GetPositionXYZDesc(), GetEulerXYZDesc(),
-                                       GetScaleXYZDesc(),    GetPRSDesc()};
+    ClassDesc2* const descriptors[] = {
+        GetBezierFloatDesc(), GetBezierPositionDesc(), GetBezierScaleDesc(), GetPositionXYZDesc(),
+        GetEulerXYZDesc(),    GetScaleXYZDesc(),       GetPRSDesc()};
     for (ClassDesc2* desc : descriptors) ClassRegistry::Instance().Register(desc);
 }
 

@@ -5,6 +5,7 @@ namespace host {
 class ClassDesc2;
 ClassDesc2* GetBezierFloatDesc();
 ClassDesc2* GetBezierPositionDesc();
+ClassDesc2* GetBezierScaleDesc();
 ClassDesc2* GetPositionXYZDesc();
 ClassDesc2* GetEulerXYZDesc();
 ClassDesc2* GetScaleXYZDesc();

@@ -4,6 +4,7 @@
 
 #include "host/core/TimeValue.h"
 #include "host/math/Point3.h"
+#include "host/math/ScaleValue.h"
 
 namespace host {
 
@@ -60,6 +61,16 @@ struct IBezFloatKey : IKey {
 // the time and the flags.
 struct IBezPoint3Key : IKey {
     Point3 val;
+    Point3 intan;
+    Point3 outtan;
+    Point3 inLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
+    Point3 outLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
+};
+
+// A bezier scale key: the factors are bezier channels; the scale axis turns from key
+// to key.
+struct IBezScaleKey : IKey {
+    ScaleValue val;
     Point3 intan;
     Point3 outtan;
     Point3 inLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};

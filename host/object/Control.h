@@ -112,7 +112,6 @@ public:
 Control* NewDefaultFloatController();
 Control* NewDefaultPositionController();
 Control* NewDefaultRotationController();
-// Null while no bezier scale class is registered.
 Control* NewDefaultScaleController();
 Control* NewDefaultMatrix3Controller();
 
