@@ -57,25 +57,19 @@ struct IBezFloatKey : IKey {
     float outLength = 1.0f / 3.0f;
 };
 
-// A bezier position key: each component is a bezier float key of its own, sharing
-// the time and the flags.
-struct IBezPoint3Key : IKey {
-    Point3 val;
+// A three-component bezier key: each component of the value has its own tangents and
+// lengths, sharing the key's time and flags. Positions key a Point3; scales key a
+// ScaleValue, whose factors are the components and whose axis turns from key to key.
+template <class V>
+struct IBezKey3 : IKey {
+    V val;
     Point3 intan;
     Point3 outtan;
     Point3 inLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
     Point3 outLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
 };
-
-// A bezier scale key: the factors are bezier channels; the scale axis turns from key
-// to key.
-struct IBezScaleKey : IKey {
-    ScaleValue val;
-    Point3 intan;
-    Point3 outtan;
-    Point3 inLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
-    Point3 outLength{1.0f / 3.0f, 1.0f / 3.0f, 1.0f / 3.0f};
-};
+using IBezPoint3Key = IBezKey3<Point3>;
+using IBezScaleKey = IBezKey3<ScaleValue>;
 
 // Direct access to a keyframed controller's keys (interface I_KEYCONTROL). SetKey and
 // AppendKey keep the keys as given (call SortKeys after appending out of order).
