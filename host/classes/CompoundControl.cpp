@@ -4,6 +4,15 @@
 
 namespace host {
 
+bool CompoundControl::AssignTrack(Animatable* c, int i, SClass_ID wanted) {
+    auto* track = dynamic_cast<Control*>(c);
+    if (!CanAssignController(i) || !track || track->SuperClassID() != wanted) return false;
+    ReplaceReference(i, track);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+    return true;
+}
+
 Tab<TimeValue> CompoundControl::MergedKeyTimes() {
     Tab<TimeValue> times;
     for (int i = 0; i < NumTracks(); ++i)

@@ -17,6 +17,9 @@ public:
     Interval GetTimeRange() override;
 
 protected:
+    // Puts controller c in reference slot i when it is a controller of superclass
+    // wanted, undoably, and tells dependents that the tree changed.
+    bool AssignTrack(Animatable* c, int i, SClass_ID wanted);
     // The sub-controllers whose keys count; a null track has none.
     virtual int NumTracks() = 0;
     virtual Control* Track(int i) = 0;

@@ -39,12 +39,7 @@ WStr PRS::SubAnimName(int i) {
 }
 
 bool PRS::AssignController(Animatable* c, int i) {
-    auto* sub = dynamic_cast<Control*>(c);
-    if (!CanAssignController(i) || !sub || sub->SuperClassID() != kSubSuperClasses[i]) return false;
-    ReplaceReference(i, sub);
-    NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
-    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
-    return true;
+    return CanAssignController(i) && AssignTrack(c, i, kSubSuperClasses[i]);
 }
 
 void PRS::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod) {

@@ -20,13 +20,7 @@ XYZController::XYZController(const wchar_t* const (&names)[3], bool loading, flo
 }
 
 bool XYZController::AssignController(Animatable* c, int i) {
-    auto* track = dynamic_cast<Control*>(c);
-    if (!CanAssignController(i) || !track || track->SuperClassID() != CTRL_FLOAT_CLASS_ID)
-        return false;
-    ReplaceReference(i, track);
-    NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
-    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
-    return true;
+    return AssignTrack(c, i, CTRL_FLOAT_CLASS_ID);
 }
 
 Point3 XYZController::ReadTracks(TimeValue t, Interval& valid) {
