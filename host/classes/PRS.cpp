@@ -89,14 +89,16 @@ void PRS::Move(TimeValue t, const SetXFormPacket& packet, int commit) {
 void PRS::Turn(TimeValue t, const SetXFormPacket& packet, int commit) {
     // The axis given in tmAxis's frame, in world space, then in the parent's space; the
     // angle stays, so turns of more than half a revolution survive.
-    const Point3 worldAxis = VectorTransform(RotationOf(packet.tmAxis), packet.aa.axis);
+    // A sender fills aa or q; aa, when it turns at all, keeps whole turns.
+    const AngAxis aa = packet.aa.angle != 0.0f ? packet.aa : AngAxis(packet.q);
+    const Point3 worldAxis = VectorTransform(RotationOf(packet.tmAxis), aa.axis);
     const Matrix3 parentRotation = RotationOf(packet.tmParent);
-    AngAxis increment(VectorTransform(Inverse(parentRotation), worldAxis), packet.aa.angle);
+    AngAxis increment(VectorTransform(Inverse(parentRotation), worldAxis), aa.angle);
     const Point3 origin = World(t, packet.tmParent).GetTrans();
     if (subs_[1]) subs_[1]->SetValue(t, &increment, commit, CTRL_RELATIVE);
     if (packet.localOrigin) return;
     Matrix3 turn;
-    Quat(AngAxis(worldAxis, packet.aa.angle)).MakeMatrix(turn);
+    Quat(AngAxis(worldAxis, aa.angle)).MakeMatrix(turn);
     const Point3 pivot = packet.tmAxis.GetTrans();
     PutWorldPosition(t, pivot + VectorTransform(turn, origin - pivot), packet.tmParent, commit);
 }

@@ -25,7 +25,8 @@ enum SetXFormCommand : int { XFORM_MOVE = 0, XFORM_ROTATE = 1, XFORM_SCALE = 2, 
 
 // What a matrix controller's SetValue receives. For XFORM_SET, tmAxis is the wanted
 // world transform and tmParent the parent's world transform at t; XFORM_MOVE gives a
-// world offset in p; XFORM_ROTATE a rotation q (aa) about tmAxis; XFORM_SCALE factors in p.
+// world offset in p; XFORM_ROTATE a rotation about tmAxis, in aa or else in q; XFORM_SCALE
+// factors in p.
 struct SetXFormPacket {
     SetXFormCommand command = XFORM_SET;
     Matrix3 tmParent;

@@ -118,7 +118,12 @@ TEST_F(PRSController, LocalOriginKeepsThePosition) {
     const Matrix3 parent = TransMatrix({1, 2, 3});
     Write(XFORM_SET, parent, TransMatrix({4, 0, 0}));
     const AngAxis aa({0, 0, 1}, 1.0f);
-    Write(XFORM_ROTATE, parent, {}, {}, aa, true);
+    SetXFormPacket byQuat;  // the same turn given as a quaternion
+    byQuat.command = XFORM_ROTATE;
+    byQuat.tmParent = parent;
+    byQuat.q = Quat(aa);
+    byQuat.localOrigin = true;
+    prs_->SetValue(0, &byQuat);
     Write(XFORM_SCALE, parent, {}, {2, 2, 2}, {}, true);
     const Matrix3 world = World(parent);
     EXPECT_TRUE(test::PointNear(world.GetTrans(), {4, 0, 0}, 1e-5f));
