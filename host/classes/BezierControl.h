@@ -7,27 +7,6 @@
 
 namespace host {
 
-// Component access for bezier keys whose fields are a float, a Point3 or a ScaleValue
-// (its factors).
-inline float& KeyComponent(float& v, int) {
-    return v;
-}
-inline float KeyComponent(const float& v, int) {
-    return v;
-}
-inline float& KeyComponent(Point3& v, int axis) {
-    return v[axis];
-}
-inline float KeyComponent(const Point3& v, int axis) {
-    return v[axis];
-}
-inline float& KeyComponent(ScaleValue& v, int axis) {
-    return v.s[axis];
-}
-inline float KeyComponent(const ScaleValue& v, int axis) {
-    return v.s[axis];
-}
-
 // A bezier controller of N components: one BezierChannel per component, made from that
 // component of every key (val, intan, outtan, inLength, outLength), the keys sharing
 // their times and flags. Automatic tangents are computed per component and written

@@ -11,16 +11,4 @@ ClassDesc2* GetBezierFloatDesc() {
     return &desc;
 }
 
-void BezierFloat::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
-    const float v = Evaluate(t);
-    NarrowValidity(t, valid);
-    float* out = static_cast<float*>(val);
-    *out = method == CTRL_RELATIVE ? *out + v : v;
-}
-
-void BezierFloat::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
-    const float v = *static_cast<float*>(val) + (method == CTRL_RELATIVE ? Evaluate(t) : 0.0f);
-    WriteValue(t, v, commit);
-}
-
 }  // namespace host

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <vector>
-
 #include "host/classes/BezierControl.h"
+#include "host/classes/KeyedFloat.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -11,19 +10,12 @@ namespace host {
 // (see BezierChannel for the curve and the automatic tangent types, recomputed
 // whenever keys change). Without keys it holds one value. Every edit is undoable, one
 // record per hold.
-class BezierFloat : public BezierControl<IBezFloatKey, float, 1> {
+class BezierFloat : public KeyedFloat<BezierControl<IBezFloatKey, float, 1>> {
 public:
     // A new bezier float has no keys and the value 0; loading makes no difference.
     explicit BezierFloat(bool /*loading*/ = false) {}
     Class_ID ClassID() override { return BEZIER_FLOAT_CLASS_ID; }
-    SClass_ID SuperClassID() override { return CTRL_FLOAT_CLASS_ID; }
     WStr GetClassName() override { return WStr(L"Bezier Float"); }
-
-    void GetValue(TimeValue t, void* val, Interval& valid,
-                  GetSetMethod method = CTRL_ABSOLUTE) override;
-    // A relative write adds to the present value; see WriteValue for the rest.
-    void SetValue(TimeValue t, void* val, int commit = 1,
-                  GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
     const wchar_t* KeysUndoName() const override { return L"Bezier Float Keys"; }

@@ -12,18 +12,4 @@ ClassDesc2* GetBezierPositionDesc() {
     return &desc;
 }
 
-void BezierPosition::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
-    const Point3 p = Evaluate(t);
-    NarrowValidity(t, valid);
-    if (method == CTRL_RELATIVE)
-        static_cast<Matrix3*>(val)->PreTranslate(p);
-    else
-        *static_cast<Point3*>(val) = p;
-}
-
-void BezierPosition::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
-    const Point3 p = *static_cast<Point3*>(val);
-    WriteValue(t, method == CTRL_RELATIVE ? Evaluate(t) + p : p, commit);
-}
-
 }  // namespace host

@@ -9,7 +9,8 @@ void RegisterHostClasses() {
     // second call changes nothing.
     ClassDesc2* const descriptors[] = {
         GetBezierFloatDesc(), GetBezierPositionDesc(), GetBezierScaleDesc(), GetPositionXYZDesc(),
-        GetEulerXYZDesc(),    GetScaleXYZDesc(),       GetPRSDesc()};
+        GetEulerXYZDesc(),    GetScaleXYZDesc(),       GetPRSDesc(),         GetTcbFloatDesc(),
+        GetTcbPositionDesc(), GetTcbRotationDesc(),    GetTcbScaleDesc()};
     for (ClassDesc2* desc : descriptors) ClassRegistry::Instance().Register(desc);
 }
 

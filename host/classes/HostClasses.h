@@ -10,6 +10,10 @@ ClassDesc2* GetPositionXYZDesc();
 ClassDesc2* GetEulerXYZDesc();
 ClassDesc2* GetScaleXYZDesc();
 ClassDesc2* GetPRSDesc();
+ClassDesc2* GetTcbFloatDesc();
+ClassDesc2* GetTcbPositionDesc();
+ClassDesc2* GetTcbRotationDesc();
+ClassDesc2* GetTcbScaleDesc();
 
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();

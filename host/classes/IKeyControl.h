@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "host/core/TimeValue.h"
+#include "host/math/AngAxis.h"
 #include "host/math/Point3.h"
 #include "host/math/ScaleValue.h"
 
@@ -70,6 +71,26 @@ struct IBezKey3 : IKey {
 };
 using IBezPoint3Key = IBezKey3<Point3>;
 using IBezScaleKey = IBezKey3<ScaleValue>;
+
+// A TCB key: tension, continuity and bias in -1..1 (0 each gives a Catmull-Rom curve),
+// and the ease into the key (easeIn) and out of it (easeOut) as fractions of the
+// neighbouring segment, 0..1. The value is a float, a Point3, a ScaleValue or, for
+// rotations, the key's orientation as an axis and angle.
+struct ITCBKey : IKey {
+    float tens = 0.0f;
+    float cont = 0.0f;
+    float bias = 0.0f;
+    float easeIn = 0.0f;
+    float easeOut = 0.0f;
+};
+template <class V>
+struct ITCBKeyOf : ITCBKey {
+    V val{};
+};
+using ITCBFloatKey = ITCBKeyOf<float>;
+using ITCBPoint3Key = ITCBKeyOf<Point3>;
+using ITCBRotKey = ITCBKeyOf<AngAxis>;
+using ITCBScaleKey = ITCBKeyOf<ScaleValue>;
 
 // Direct access to a keyframed controller's keys (interface I_KEYCONTROL). SetKey and
 // AppendKey keep the keys as given (call SortKeys after appending out of order).

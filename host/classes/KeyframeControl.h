@@ -33,6 +33,38 @@ inline Point3 KeyScale(const Point3& a, float f) {
     return a * f;
 }
 
+// Component access for keys whose values are a float, a Point3 or a ScaleValue (its
+// factors): the curves of bezier and TCB tracks run per component.
+inline float& KeyComponent(float& v, int) {
+    return v;
+}
+inline float KeyComponent(const float& v, int) {
+    return v;
+}
+inline float& KeyComponent(Point3& v, int axis) {
+    return v[axis];
+}
+inline float KeyComponent(const Point3& v, int axis) {
+    return v[axis];
+}
+inline float& KeyComponent(ScaleValue& v, int axis) {
+    return v.s[axis];
+}
+inline float KeyComponent(const ScaleValue& v, int axis) {
+    return v.s[axis];
+}
+
+// A key's value as the track reads and writes it. Keys that store their value in
+// another form (a rotation key's axis and angle) overload these.
+template <class Key>
+auto KeyValueOf(const Key& key) {
+    return key.val;
+}
+template <class Key, class Value>
+void SetKeyValueOf(Key& key, const Value& v) {
+    key.val = v;
+}
+
 // What every keyframed controller shares, whatever its interpolation: the sorted keys
 // (each with time, flags and val), the value held without keys, out-of-range types,
 // key editing through IKeyControl and the track operations, animate-mode writes,
@@ -184,14 +216,15 @@ TimeValue KeyframeControl<Key, Value>::MapOutOfRange(TimeValue t, Value& offset)
     const int64_t into = ((fromStart % period) + period) % period;
     const int64_t cycles = (fromStart - into) / period;
     if (type == ORT_OSCILLATE && cycles % 2 != 0) return TimeValue(last.time - into);
-    if (type == ORT_RELATIVE_REPEAT) offset = KeyScale(KeySub(last.val, first.val), float(cycles));
+    if (type == ORT_RELATIVE_REPEAT)
+        offset = KeyScale(KeySub(KeyValueOf(last), KeyValueOf(first)), float(cycles));
     return TimeValue(first.time + into);
 }
 
 template <class Key, class Value>
 Value KeyframeControl<Key, Value>::Evaluate(TimeValue t) const {
     if (keys_.empty()) return value_;
-    if (keys_.size() == 1) return keys_[0].val;
+    if (keys_.size() == 1) return KeyValueOf(keys_[0]);
     if (t >= keys_.front().time && t <= keys_.back().time) return Interpolate(t);
     const bool before = t < keys_.front().time;
     if ((before ? ortBefore_ : ortAfter_) == ORT_LINEAR) return ExtendLinear(before, t);
@@ -230,14 +263,14 @@ void KeyframeControl<Key, Value>::WriteValue(TimeValue t, const Value& v, int co
     Change([&] {
         const int index = GetKeyIndex(t);
         if (index >= 0) {
-            keys_[size_t(index)].val = v;
+            SetKeyValueOf(keys_[size_t(index)], v);
         } else if (animating) {
             InsertKey(t, v, 0);
         } else if (keys_.empty()) {
             value_ = v;
         } else {
             const Value delta = KeySub(v, Evaluate(t));
-            for (Key& key : keys_) key.val = KeyAdd(key.val, delta);
+            for (Key& key : keys_) SetKeyValueOf(key, KeyAdd(KeyValueOf(key), delta));
         }
     });
 }
@@ -260,7 +293,7 @@ template <class Key, class Value>
 void KeyframeControl<Key, Value>::InsertKey(TimeValue t, const Value& v, uint32_t flags) {
     Key key;
     key.time = t;
-    key.val = v;
+    SetKeyValueOf(key, v);
     key.flags = flags;
     const auto at = std::upper_bound(keys_.begin(), keys_.end(), t,
                                      [](TimeValue time, const Key& k) { return time < k.time; });

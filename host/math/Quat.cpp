@@ -142,4 +142,18 @@ Quat LnDif(const Quat& p, const Quat& q) {
     return QLog(Inverse(p) * q);
 }
 
+Point3 RotationVector(const Quat& q) {
+    const Quat h = q.w < 0.0f ? -q : q;
+    const float vlen = h.Vector().Length();
+    if (vlen == 0.0f) return {};
+    return h.Vector() * (2.0f * std::atan2(vlen, h.w) / vlen);
+}
+
+Quat RotationVectorQuat(const Point3& v) {
+    const float angle = v.Length();
+    if (angle == 0.0f) return {};
+    const float s = std::sin(0.5f * angle) / angle;
+    return {v.x * s, v.y * s, v.z * s, std::cos(0.5f * angle)};
+}
+
 }  // namespace host

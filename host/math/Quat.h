@@ -80,5 +80,9 @@ void RotateMatrix(Matrix3& m, const Quat& q);
 Quat QLog(const Quat& q);
 Quat QExp(const Quat& q);
 Quat LnDif(const Quat& p, const Quat& q);
+// The rotation vector of q: its axis times its angle, taken the shorter way (the angle
+// is at most pi). RotationVectorQuat is its inverse and takes any angle.
+Point3 RotationVector(const Quat& q);
+Quat RotationVectorQuat(const Point3& v);
 
 }  // namespace host
