@@ -6,6 +6,7 @@
 #include "host/math/AngAxis.h"
 #include "host/math/Point3.h"
 #include "host/math/ScaleValue.h"
+#include "host/object/Animatable.h"
 
 namespace host {
 
@@ -104,5 +105,10 @@ public:
     virtual int AppendKey(IKey* key) = 0;
     virtual void SortKeys() = 0;
 };
+
+// The key interface of a keyframed controller, or null.
+inline IKeyControl* GetKeyControlInterface(Animatable* anim) {
+    return anim ? static_cast<IKeyControl*>(anim->GetInterface(I_KEYCONTROL)) : nullptr;
+}
 
 }  // namespace host

@@ -12,13 +12,6 @@ constexpr const wchar_t* kSubNames[3] = {L"Position", L"Rotation", L"Scale"};
 constexpr SClass_ID kSubSuperClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION_CLASS_ID,
                                            CTRL_SCALE_CLASS_ID};
 
-// The rotation part of m as a matrix, scale and translation removed.
-Matrix3 RotationOf(const Matrix3& m) {
-    Matrix3 r;
-    OrthoQuat(m).MakeMatrix(r);
-    return r;
-}
-
 }  // namespace
 
 ClassDesc2* GetPRSDesc() {

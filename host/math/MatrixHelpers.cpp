@@ -54,4 +54,10 @@ Matrix3 BlendMatrix(const Matrix3& a, const Matrix3& b, float t) {
     return ComposeMatrix(pos, Slerp(rotA, rotB, t), scale);
 }
 
+Matrix3 RotationOf(const Matrix3& m) {
+    Matrix3 r;
+    OrthoQuat(m).MakeMatrix(r);
+    return r;
+}
+
 }  // namespace host

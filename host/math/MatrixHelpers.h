@@ -20,6 +20,8 @@ Point3 RowLengths(const Matrix3& m);
 void ApplyScaleValue(Matrix3& m, const ScaleValue& scale);
 // The rotation of m with any scale removed: the quaternion of an orthogonalised copy.
 Quat OrthoQuat(const Matrix3& m);
+// The rotation part of m as a matrix, scale and translation removed.
+Matrix3 RotationOf(const Matrix3& m);
 // m with its rotation replaced by rot; position and scale stay.
 Matrix3 ReplaceRotation(const Matrix3& m, const Quat& rot);
 // The blend of two transforms: rotations and scale axes by Slerp the short way,

@@ -9,7 +9,9 @@
 namespace host {
 
 // Superclass ids of the host.
+inline constexpr SClass_ID BASENODE_CLASS_ID = 0x1;
 inline constexpr SClass_ID GEN_DERIVOB_CLASS_ID = 0x2;
+inline constexpr SClass_ID GEOMOBJECT_CLASS_ID = 0x10;
 inline constexpr SClass_ID SHAPE_CLASS_ID = 0x40;
 inline constexpr SClass_ID HELPER_CLASS_ID = 0x50;
 inline constexpr SClass_ID SYSTEM_CLASS_ID = 0x60;

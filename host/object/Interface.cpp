@@ -3,13 +3,62 @@
 #include <algorithm>
 
 #include "host/object/Animate.h"
+#include "host/object/Hold.h"
+#include "host/object/ILayerManager.h"
 #include "host/object/Notifications.h"
+#include "host/object/Object.h"
 
 namespace host {
 
 Interface* GetCOREInterface() {
     static Interface core;
     return &core;
+}
+
+INode* Interface::CreateObjectNode(Object* obj, const wchar_t* name) {
+    if (name) return scene_.CreateNode(obj, WStr(name));
+    const WStr base = obj ? obj->GetClassName() : WStr(L"Node");
+    return scene_.CreateNode(obj, scene_.UniqueName(base.Length() ? base : WStr(L"Node")));
+}
+
+void Interface::DeleteNode(INode* node, bool redraw, bool overrideSlaves) {
+    INodeTab nodes;
+    nodes.Append(1, &node);
+    DeleteNodes(nodes, true, redraw, overrideSlaves);
+}
+
+int Interface::DeleteNodes(INodeTab& nodes, bool keepChildTM, bool redraw, bool) {
+    const int deleted =
+        scene_.DeleteNodes(std::vector<INode*>(nodes.begin(), nodes.end()), keepChildTM);
+    Redraw(redraw && deleted > 0);
+    return deleted;
+}
+
+INode* Interface::GetSelNode(int i) const {
+    const auto& selection = scene_.Selection();
+    return i >= 0 && i < int(selection.size()) ? selection[size_t(i)] : nullptr;
+}
+
+void Interface::SelectNode(INode* node, bool clearSel) {
+    std::vector<INode*> next = clearSel ? std::vector<INode*>() : scene_.Selection();
+    next.push_back(node);
+    scene_.Select(std::move(next));
+}
+
+void Interface::SelectNodeTab(INodeTab& nodes, bool sel, bool redraw) {
+    std::vector<INode*> next = scene_.Selection();
+    for (INode* node : nodes)
+        if (sel)
+            next.push_back(node);
+        else
+            std::erase(next, node);
+    scene_.Select(std::move(next));
+    Redraw(redraw);
+}
+
+void Interface::ClearNodeSelection(bool redraw) {
+    scene_.Select({});
+    Redraw(redraw);
 }
 
 void Interface::SetTime(TimeValue t, bool redraw) {
@@ -68,6 +117,9 @@ void Interface::Print(const WStr& text) {
 
 void Interface::Reset() {
     BroadcastNotification(NOTIFY_SYSTEM_PRE_RESET);
+    theHold.ClearUndo();
+    scene_.Clear();
+    if (layers_) layers_->Reset();
     AnimateOff();
     frameRate_ = 30;
     range_ = Interval(0, 100 * GetTicksPerFrame());

@@ -2,8 +2,12 @@
 
 #include <vector>
 
+#include "host/core/Tab.h"
+
 #include "host/core/Interval.h"
 #include "host/core/WStr.h"
+#include "host/object/INode.h"
+#include "host/object/Scene.h"
 #include "host/object/StatusLine.h"
 #include "host/object/TimeChangeCallback.h"
 
@@ -30,14 +34,44 @@ enum CommandPanelTask : int {
     TASK_MODE_UTILITY = 6,
 };
 
-// The host's services to plug-ins: scene time and its range, the frame rate, tool
-// modes, redraw switches, the prompt line and the script listener. One object, got
-// through GetCOREInterface().
+class ILayerManager;
+class Object;
+
+// The host's services to plug-ins: the scene and its selection, scene time and its
+// range, the frame rate, tool modes, redraw switches, the prompt line and the script
+// listener. One object, got through GetCOREInterface().
 class Interface {
 public:
     Interface() = default;
     Interface(const Interface&) = delete;
     Interface& operator=(const Interface&) = delete;
+
+    // The scene. Node creation, deletion and selection changes are undoable.
+    INode* GetRootNode() { return scene_.Root(); }
+    INode* GetINodeByName(const wchar_t* name) { return scene_.FindByName(name); }
+    INode* GetINodeByHandle(uint32_t handle) { return scene_.FindByHandle(handle); }
+    // A new node under the root with the default matrix controller (a PRS) carrying
+    // obj, named name or, without one, after the object's class and made unique.
+    INode* CreateObjectNode(Object* obj, const wchar_t* name = nullptr);
+    void DeleteNode(INode* node, bool redraw = true, bool overrideSlaves = false);
+    // Returns how many nodes went.
+    int DeleteNodes(INodeTab& nodes, bool keepChildTM = true, bool redraw = true,
+                    bool overrideSlaves = false);
+    // base with a number that makes it a name no node has.
+    void MakeNameUnique(WStr& name) { name = scene_.UniqueName(name); }
+    // The selection, in the order it was made.
+    int GetSelNodeCount() const { return int(scene_.Selection().size()); }
+    INode* GetSelNode(int i) const;
+    void SelectNode(INode* node, bool clearSel = true);
+    // Adds the nodes to the selection, or with sel false takes them out of it.
+    void SelectNodeTab(INodeTab& nodes, bool sel, bool redraw = true);
+    void ClearNodeSelection(bool redraw = true);
+    // The root's custom tracks.
+    TrackViewNode* GetTrackViewRootNode() { return scene_.TrackViewRoot(); }
+    // Null until the host's classes install one.
+    ILayerManager* GetLayerManager() { return layers_; }
+    void SetLayerManager(ILayerManager* layers) { layers_ = layers; }
+    Scene& GetScene() { return scene_; }
 
     TimeValue GetTime() const { return time_; }
     // Moves the current time and tells the time-change callbacks, when it changes.
@@ -75,10 +109,17 @@ public:
     const WStr& ListenerText() const { return listener_; }
     void ClearListener() { listener_ = WStr(); }
 
-    // Back to a new scene's settings, with the reset broadcasts around it.
+    // An empty scene with a new scene's settings and no undo, with the reset
+    // broadcasts around it.
     void Reset();
 
 private:
+    void Redraw(bool redraw) {
+        if (redraw) RedrawViews(time_);
+    }
+
+    Scene scene_;
+    ILayerManager* layers_ = nullptr;
     TimeValue time_ = 0;
     int frameRate_ = 30;
     Interval range_{0, 100 * (TIME_TICKSPERSEC / 30)};

@@ -46,7 +46,7 @@ void RefSystem::SetRef(ReferenceMaker* maker, int i, ReferenceTarget* target, bo
     const bool strong = maker->IsRealDependency(old ? old : target);
     if (strong && theHold.Holding()) theHold.Put(new ReferenceRestore(maker, i, old, target));
     Link(maker, i, target);
-    if (!strong || !old || old->HasStrongDependents()) return;
+    if (!strong || !old || old->HasStrongDependents() || !old->OwnedByDependents()) return;
     if (delOld) {
         old->DeleteMe();
     } else {

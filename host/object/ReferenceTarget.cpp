@@ -96,7 +96,8 @@ void ReferenceTarget::DeleteMe() {
 
 void ReferenceTarget::Unpin() {
     assert(pins_ > 0);
-    if (--pins_ > 0 || !ownedByRefs_ || deleting_ || iterating_ > 0 || HasStrongDependents())
+    if (--pins_ > 0 || !ownedByRefs_ || !OwnedByDependents() || deleting_ || iterating_ > 0 ||
+        HasStrongDependents())
         return;
     Destroy();
 }

@@ -56,6 +56,15 @@ public:
     // Dependents that own this object (not weak references).
     bool HasStrongDependents() const;
 
+protected:
+    // Whether this object belongs to its dependents. Objects owned elsewhere (scene
+    // nodes, while they are in the scene) answer false: losing their last dependent
+    // leaves them alone, and only DeleteMe ends them.
+    virtual bool OwnedByDependents() const { return true; }
+    // From now on the reference system ends this object once nothing refers to it or
+    // pins it, even if nothing ever did (a node leaving the scene).
+    void HandOverToReferences() { ownedByRefs_ = true; }
+
 private:
     friend class ReferenceMaker;
     friend class RefSystem;
@@ -94,6 +103,7 @@ public:
     }
     TargetPin(const TargetPin&) = delete;
     TargetPin& operator=(const TargetPin&) = delete;
+    TargetPin(TargetPin&& other) noexcept : target_(other.target_) { other.target_ = nullptr; }
     ~TargetPin() {
         if (target_) target_->Unpin();
     }

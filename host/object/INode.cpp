@@ -1,0 +1,388 @@
+#include "host/object/INode.h"
+
+#include <algorithm>
+
+#include "host/math/MatrixHelpers.h"
+#include "host/object/Control.h"
+#include "host/object/Hold.h"
+#include "host/object/Interface.h"
+#include "host/object/Mtl.h"
+#include "host/object/Object.h"
+
+namespace host {
+
+// The node's properties before and after one change.
+class INode::PropertiesRestore : public RestoreObj {
+public:
+    explicit PropertiesRestore(INode* node)
+        : pin_(node), node_(node), before_(node->props_), after_(before_) {}
+    void Restore(bool isUndo) override {
+        if (isUndo) after_ = node_->props_;
+        node_->LoadProperties(before_);
+    }
+    void Redo() override { node_->LoadProperties(after_); }
+    WStr Description() override { return WStr(L"Node Properties"); }
+
+private:
+    TargetPin pin_;
+    INode* node_;
+    Properties before_, after_;
+};
+
+// A node's place before and after it moved in the hierarchy, entered or left the scene.
+class INode::LinkRestore : public RestoreObj {
+public:
+    LinkRestore(INode* node, INode* to)
+        : pins_{TargetPin(node), TargetPin(node->parent_), TargetPin(to)},
+          node_(node),
+          from_(node->parent_),
+          fromIndex_(from_ ? node->IndexInParent() : -1),
+          to_(to) {}
+    void Restore(bool) override { node_->Link(from_, fromIndex_); }
+    void Redo() override { node_->Link(to_, -1); }
+    WStr Description() override { return WStr(L"Link"); }
+
+private:
+    TargetPin pins_[3];
+    INode* node_;
+    INode* from_;
+    int fromIndex_;
+    INode* to_;
+};
+
+INode::INode() = default;
+
+INode::~INode() = default;
+
+INode* INode::GetChildNode(int i) {
+    return i >= 0 && i < NumberOfChildren() ? children_[size_t(i)] : nullptr;
+}
+
+int INode::IndexInParent() const {
+    const auto& siblings = parent_->children_;
+    return int(std::find(siblings.begin(), siblings.end(), this) - siblings.begin());
+}
+
+bool INode::AttachChild(INode* child, bool keepTM) {
+    if (!child || child->isRoot_) return false;
+    for (INode* n = this; n; n = n->parent_)
+        if (n == child) return false;
+    const TimeValue t = GetCOREInterface()->GetTime();
+    const Matrix3 world = keepTM ? child->GetNodeTM(t) : Matrix3();
+    Relink(child, this);
+    if (keepTM) child->SetNodeTM(t, world);
+    return true;
+}
+
+void INode::Detach(TimeValue t, bool keepTM) {
+    if (isRoot_ || !inScene_) return;
+    const Matrix3 world = GetNodeTM(t);
+    Relink(this, GetCOREInterface()->GetRootNode());
+    if (keepTM) SetNodeTM(t, world);
+}
+
+void INode::Relink(INode* node, INode* parent) {
+    if (theHold.Holding()) theHold.Put(new LinkRestore(node, parent));
+    node->Link(parent, -1);
+}
+
+void INode::Link(INode* parent, int index) {
+    const TargetPin keep(this);  // a node leaving the scene may have nothing else holding it
+    if (parent_) {
+        auto& siblings = parent_->children_;
+        siblings.erase(std::find(siblings.begin(), siblings.end(), this));
+    }
+    parent_ = parent;
+    if (parent) {
+        auto& siblings = parent->children_;
+        const size_t at = index < 0 ? siblings.size() : std::min(size_t(index), siblings.size());
+        siblings.insert(siblings.begin() + std::ptrdiff_t(at), this);
+    }
+    const bool inScene = parent && parent->inScene_;
+    if (inScene != inScene_) GetCOREInterface()->GetScene().Membership(this, inScene);
+    InvalidateTreeTM();
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_NODE_LINK);
+}
+
+Matrix3 INode::GetNodeTM(TimeValue t, Interval* valid) {
+    if (!tmValid_.InInterval(t)) {
+        if (evaluating_) {
+            if (valid) *valid &= Interval(t, t);
+            return tm_;
+        }
+        EvaluateTM(t);
+    }
+    if (valid) *valid &= tmValid_;
+    return tm_;
+}
+
+void INode::EvaluateTM(TimeValue t) {
+    evaluating_ = true;
+    Interval valid = FOREVER;
+    Matrix3 tm = parent_ ? parent_->GetNodeTM(t, &valid) : Matrix3();
+    if (tmControl_) tmControl_->GetValue(t, &tm, valid, CTRL_RELATIVE);
+    tm_ = tm;
+    tmValid_ = valid;
+    evaluating_ = false;
+}
+
+Matrix3 INode::GetParentTM(TimeValue t) {
+    return parent_ ? parent_->GetNodeTM(t) : Matrix3();
+}
+
+void INode::DropTMCaches() {
+    tmValid_ = NEVER;
+    for (INode* child : children_) child->DropTMCaches();
+}
+
+void INode::InvalidateTreeTM() {
+    tmValid_ = NEVER;
+    for (INode* child : children_) child->InvalidateTreeTM();
+    NotifyDependents(FOREVER, PART_TM, REFMSG_CHANGE);
+}
+
+void INode::Transform(TimeValue t, SetXFormPacket& packet) {
+    if (!tmControl_) return;
+    packet.tmParent = GetParentTM(t);
+    tmControl_->SetValue(t, &packet, 1, CTRL_RELATIVE);
+}
+
+void INode::SetNodeTM(TimeValue t, const Matrix3& tm) {
+    SetXFormPacket packet;
+    packet.command = XFORM_SET;
+    packet.tmAxis = tm;
+    Transform(t, packet);
+}
+
+Matrix3 INode::GetObjectTM(TimeValue t, Interval* valid) {
+    const Matrix3 tm = GetNodeTM(t, valid);
+    const Properties& p = props_;
+    if (p.offsetPos == Point3() && p.offsetRot.IsIdentity() && p.offsetScale == ScaleValue())
+        return tm;
+    return ComposeMatrix(p.offsetPos, p.offsetRot, p.offsetScale) * tm;
+}
+
+void INode::SetObjOffsetPos(const Point3& p) {
+    EditProperties([&](Properties& props) { props.offsetPos = p; });
+}
+
+void INode::SetObjOffsetRot(const Quat& q) {
+    EditProperties([&](Properties& props) { props.offsetRot = q; });
+}
+
+void INode::SetObjOffsetScale(const ScaleValue& s) {
+    EditProperties([&](Properties& props) { props.offsetScale = s; });
+}
+
+Point3 INode::FreeComponents(const Point3& v, const Matrix3& frame, int type) const {
+    if (!(props_.locks & (7u << (3 * type)))) return v;
+    const Matrix3 axes = RotationOf(frame);
+    Point3 local = VectorTransform(Inverse(axes), v);
+    for (int axis = 0; axis < 3; ++axis)
+        if (GetTransformLock(type, axis)) local[axis] = 0.0f;
+    return VectorTransform(axes, local);
+}
+
+void INode::Move(TimeValue t, const Matrix3& tmAxis, const Point3& val, bool localOrigin) {
+    SetXFormPacket packet;
+    packet.command = XFORM_MOVE;
+    packet.tmAxis = tmAxis;
+    packet.p = FreeComponents(val, GetParentTM(t), INODE_LOCKPOS);
+    packet.localOrigin = localOrigin;
+    Transform(t, packet);
+}
+
+void INode::Rotate(TimeValue t, const Matrix3& tmAxis, const AngAxis& val, bool localOrigin) {
+    // The axis through the node's own axes, locked components taken out.
+    const Matrix3 axes = RotationOf(tmAxis);
+    const Point3 world =
+        FreeComponents(VectorTransform(axes, val.axis), GetNodeTM(t), INODE_LOCKROT);
+    if (Length(world) < 1e-6f || val.angle == 0.0f) return;
+    SetXFormPacket packet;
+    packet.command = XFORM_ROTATE;
+    packet.tmAxis = tmAxis;
+    packet.aa = AngAxis(Normalize(VectorTransform(Inverse(axes), world)), val.angle);
+    packet.q = Quat(packet.aa);
+    packet.localOrigin = localOrigin;
+    Transform(t, packet);
+}
+
+void INode::Rotate(TimeValue t, const Matrix3& tmAxis, const Quat& val, bool localOrigin) {
+    Rotate(t, tmAxis, AngAxis(val), localOrigin);
+}
+
+void INode::Scale(TimeValue t, const Matrix3& tmAxis, const Point3& val, bool localOrigin) {
+    SetXFormPacket packet;
+    packet.command = XFORM_SCALE;
+    packet.tmAxis = tmAxis;
+    packet.p = val;
+    for (int axis = 0; axis < 3; ++axis)
+        if (GetTransformLock(INODE_LOCKSCALE, axis)) packet.p[axis] = 1.0f;
+    packet.localOrigin = localOrigin;
+    Transform(t, packet);
+}
+
+void INode::SetObjectRef(Object* obj) {
+    ReplaceReference(OBJ_REF, obj);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
+}
+
+ObjectState INode::EvalWorldState(TimeValue t) {
+    if (!wsValid_.InInterval(t)) {
+        ws_ = object_ ? object_->Eval(t) : ObjectState{};
+        wsValid_ = object_ ? object_->ObjectValidity(t) : FOREVER;
+    }
+    return ws_;
+}
+
+bool INode::SetTMController(Control* c) {
+    if (!c || c->SuperClassID() != CTRL_MATRIX3_CLASS_ID) return false;
+    ReplaceReference(TM_REF, c);
+    InvalidateTreeTM();
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CONTROLREF_CHANGE);
+    return true;
+}
+
+void INode::SetVisController(Control* c) {
+    if (c && c->SuperClassID() != CTRL_FLOAT_CLASS_ID) return;
+    ReplaceReference(VIS_REF, c);
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CONTROLREF_CHANGE);
+}
+
+void INode::SetMtl(Mtl* m) {
+    ReplaceReference(MTL_REF, m);
+}
+
+void INode::SetName(const wchar_t* name) {
+    EditProperties([&](Properties& p) { p.name = WStr(name ? name : L""); },
+                   REFMSG_NODE_NAMECHANGE);
+}
+
+void INode::SetWireColor(COLORREF color) {
+    EditProperties([&](Properties& p) { p.wireColor = color; });
+}
+
+void INode::SetLayer(ILayer* layer) {
+    EditProperties([&](Properties& p) { p.layer = layer; });
+}
+
+void INode::SetFlag(FlagBit bit, bool on) {
+    if (Flag(bit) == on) return;
+    EditProperties([&](Properties& p) { p.flags = on ? p.flags | bit : p.flags & ~bit; });
+}
+
+void INode::SetBoneScaleType(int type) {
+    EditProperties([&](Properties& p) { p.boneScaleType = type; });
+}
+
+void INode::ShowBone(int mode) {
+    EditProperties([&](Properties& p) { p.showBone = mode; });
+}
+
+float INode::GetVisibility(TimeValue t, Interval* valid) {
+    if (!visControl_) return props_.visibility;
+    float v = 1.0f;
+    Interval iv = FOREVER;
+    visControl_->GetValue(t, &v, iv);
+    if (valid) *valid &= iv;
+    return v;
+}
+
+void INode::SetVisibility(TimeValue t, float v) {
+    if (visControl_)
+        visControl_->SetValue(t, &v);
+    else
+        EditProperties([&](Properties& p) { p.visibility = v; });
+}
+
+bool INode::GetTransformLock(int type, int axis) const {
+    if (type < 0 || type > 2 || axis < 0 || axis > 2) return false;
+    return (props_.locks >> (3 * type + axis)) & 1u;
+}
+
+void INode::SetTransformLock(int type, int axis, bool on) {
+    if (type < 0 || type > 2 || axis < 0 || axis > 2 || GetTransformLock(type, axis) == on) return;
+    const uint32_t bit = 1u << (3 * type + axis);
+    EditProperties([&](Properties& p) { p.locks = on ? p.locks | bit : p.locks & ~bit; });
+}
+
+template <typename Edit>
+void INode::EditProperties(Edit edit, RefMessage message) {
+    if (theHold.Holding()) theHold.Put(new PropertiesRestore(this));
+    edit(props_);
+    NotifyDependents(FOREVER, PART_ALL, message);
+}
+
+void INode::LoadProperties(const Properties& p) {
+    const bool renamed = !(p.name == props_.name);
+    props_ = p;
+    NotifyDependents(FOREVER, PART_ALL, renamed ? REFMSG_NODE_NAMECHANGE : REFMSG_CHANGE);
+}
+
+ReferenceTarget* INode::GetReference(int i) {
+    switch (i) {
+        case TM_REF:
+            return tmControl_;
+        case OBJ_REF:
+            return object_;
+        case VIS_REF:
+            return visControl_;
+        case MTL_REF:
+            return mtl_;
+        default:
+            return nullptr;
+    }
+}
+
+void INode::SetReference(int i, ReferenceTarget* target) {
+    switch (i) {
+        case TM_REF:
+            tmControl_ = static_cast<Control*>(target);
+            DropTMCaches();
+            break;
+        case OBJ_REF:
+            object_ = static_cast<Object*>(target);
+            wsValid_ = NEVER;
+            break;
+        case VIS_REF:
+            visControl_ = static_cast<Control*>(target);
+            break;
+        case MTL_REF:
+            mtl_ = static_cast<Mtl*>(target);
+            break;
+        default:
+            break;
+    }
+}
+
+RefResult INode::NotifyRefChanged(const Interval&, ReferenceTarget* hTarget, PartID&,
+                                  RefMessage message, bool) {
+    if (message != REFMSG_CHANGE) return REF_SUCCEED;
+    if (hTarget == tmControl_) {
+        // The subtree's dependents hear of it as a transform change instead.
+        InvalidateTreeTM();
+        return REF_STOP;
+    }
+    if (hTarget == object_) wsValid_ = NEVER;
+    return REF_SUCCEED;
+}
+
+Animatable* INode::SubAnim(int i) {
+    switch (i) {
+        case 0:
+            return visControl_;
+        case 1:
+            return tmControl_;
+        case 2:
+            return object_;
+        default:
+            return nullptr;
+    }
+}
+
+WStr INode::SubAnimName(int i) {
+    static const wchar_t* const kNames[] = {L"Visibility", L"Transform", L"Object"};
+    return i >= 0 && i < 3 ? WStr(kNames[i]) : WStr();
+}
+
+}  // namespace host

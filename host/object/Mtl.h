@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/object/ClassRegistry.h"
+#include "host/object/ReferenceTarget.h"
+
+namespace host {
+
+inline constexpr SClass_ID MATERIAL_CLASS_ID = 0xC00;
+
+// A material a node can carry. The scene model renders nothing, so a material is only
+// a named target that nodes share.
+class Mtl : public ReferenceTarget {
+public:
+    SClass_ID SuperClassID() override { return MATERIAL_CLASS_ID; }
+    const WStr& GetName() const { return name_; }
+    void SetName(const WStr& name) { name_ = name; }
+
+private:
+    WStr name_;
+};
+
+}  // namespace host
