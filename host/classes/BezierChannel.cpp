@@ -86,34 +86,48 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
                   b.val, u);
 }
 
+size_t BezierChannel::Locate(TimeValue t) const {
+    // Playback reads the segment of the last read or the next one.
+    const size_t last = segments_.size() - 1;
+    for (size_t k = hint_; k <= std::min(hint_ + 1, last); ++k)
+        if (segments_[k].start <= t && (t < segments_[k].end || k == last)) return k;
+    const auto next =
+        std::upper_bound(segments_.begin(), segments_.end(), t,
+                         [](TimeValue time, const Segment& s) { return time < s.start; });
+    return next == segments_.begin() ? 0 : size_t(next - segments_.begin()) - 1;
+}
+
 float BezierChannel::Interpolate(TimeValue t) const {
-    const auto next = std::upper_bound(times_.begin(), times_.end(), t);
-    const size_t after = size_t(next - times_.begin());
-    const size_t k = std::clamp<size_t>(after == 0 ? 0 : after - 1, 0, knots_.size() - 2);
-    const Cubic& cubic = cubics_[k];
-    if (cubic.invDuration == 0.0f || t <= times_[k] || t >= times_[k + 1])
-        return SegmentValue(k, t);
-    const float s = float(t - times_[k]) * cubic.invDuration;
-    return ((cubic.c[3] * s + cubic.c[2]) * s + cubic.c[1]) * s + cubic.c[0];
+    const size_t k = Locate(t);
+    hint_ = k;
+    // The segment after this one is the next one playback reads.
+    if (k + 1 < segments_.size()) __builtin_prefetch(&segments_[k + 1]);
+    const Segment& segment = segments_[k];
+    const float s = float(t - segment.start) * segment.invDuration;
+    if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
+    return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
 }
 
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
-    times_.resize(knots_.size());
-    for (size_t k = 0; k < knots_.size(); ++k) times_[k] = knots_[k].time;
-    cubics_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Cubic{});
-    for (size_t k = 0; k < cubics_.size(); ++k) {
+    hint_ = 0;
+    segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
+    for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];
         const BezierKnot& b = knots_[k + 1];
+        segments_[k].start = a.time;
+        segments_[k].end = b.time;
         const float dt = float(b.time - a.time);
         if (dt <= 0.0f || IsStepped(a, b) || a.outLength != kThird || b.inLength != kThird)
             continue;
         // The Bezier's control values in the power basis.
         const float p0 = a.val, p1 = a.val + a.outtan * kThird * dt,
                     p2 = b.val + b.intan * kThird * dt, p3 = b.val;
-        cubics_[k] = {
-            1.0f / dt,
-            {p0, 3.0f * (p1 - p0), 3.0f * (p0 - 2.0f * p1 + p2), p3 - p0 + 3.0f * (p1 - p2)}};
+        segments_[k].invDuration = 1.0f / dt;
+        segments_[k].c[0] = p0;
+        segments_[k].c[1] = 3.0f * (p1 - p0);
+        segments_[k].c[2] = 3.0f * (p0 - 2.0f * p1 + p2);
+        segments_[k].c[3] = p3 - p0 + 3.0f * (p1 - p2);
     }
 }
 

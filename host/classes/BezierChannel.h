@@ -38,19 +38,22 @@ public:
     float ExtendLinear(bool before, TimeValue t) const;
 
 private:
+    // The segment holding t: the one before the first knot's time for earlier times.
+    size_t Locate(TimeValue t) const;
     float SegmentValue(size_t k, TimeValue t) const;
 
-    // A segment whose handles sit at a third of its duration is a cubic polynomial in
-    // the fraction of its duration: playback reads it through these coefficients, with
-    // the times in an array of their own for the search. Other segments (stepped,
-    // custom lengths, no duration) read the knots.
-    struct Cubic {
-        float invDuration = 0.0f;  // 0: read the knots
+    // Playback reads segments in order, so each segment keeps what a read needs in one
+    // place: its start and end times and, for a segment whose handles sit at a third of its
+    // duration, the cubic polynomial in the fraction of its duration. Other segments
+    // (stepped, custom lengths, no duration) have invDuration 0 and read the knots.
+    struct Segment {
+        TimeValue start = 0, end = 0;
+        float invDuration = 0.0f;
         float c[4] = {};
     };
     std::vector<BezierKnot> knots_;
-    std::vector<TimeValue> times_;
-    std::vector<Cubic> cubics_;
+    std::vector<Segment> segments_;
+    mutable size_t hint_ = 0;  // the segment of the last read
 };
 
 }  // namespace host

@@ -48,6 +48,12 @@ protected:
         v.q = AxisAt(t);
         return v;
     }
+    void UpdateSegments() override {
+        Base::UpdateSegments();
+        const auto& keys = this->keys_;
+        sameAxis_ = std::all_of(keys.begin(), keys.end(),
+                                [&keys](const auto& k) { return k.val.q == keys.front().val.q; });
+    }
     ScaleValue ExtendLinear(bool before, TimeValue t) const override {
         ScaleValue v = Base::ExtendLinear(before, t);
         v.q = before ? this->keys_.front().val.q : this->keys_.back().val.q;
@@ -58,6 +64,7 @@ private:
     // The scale axis at t within the keys' times.
     Quat AxisAt(TimeValue t) const {
         const auto& keys = this->keys_;
+        if (sameAxis_) return keys.front().val.q;
         const auto next =
             std::upper_bound(keys.begin(), keys.end(), t,
                              [](TimeValue time, const auto& k) { return time < k.time; });
@@ -68,6 +75,8 @@ private:
         if (a.val.q == b.val.q) return a.val.q;
         return Slerp(a.val.q, b.val.q, float(t - a.time) / float(b.time - a.time));
     }
+
+    bool sameAxis_ = true;  // every key has the same axis: no search
 };
 
 }  // namespace host

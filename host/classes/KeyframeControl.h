@@ -157,6 +157,13 @@ private:
     void SortKeysInPlace();
     TimeValue MapOutOfRange(TimeValue t, Value& offset) const;
 
+    // The keys' times from first to last, kept beside the other fields that every read
+    // needs, so that a read touches the keys only through the curve's own tables.
+    void UpdateSpan() {
+        span_ = keys_.empty() ? NEVER : Interval(keys_.front().time, keys_.back().time);
+    }
+
+    Interval span_ = NEVER;
     std::optional<State> tentative_;
     Value value_{};
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
@@ -191,6 +198,7 @@ void KeyframeControl<Key, Value>::Change(Edit edit) {
     }
     edit();
     UpdateTangents();
+    UpdateSpan();
     UpdateSegments();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
@@ -201,6 +209,7 @@ void KeyframeControl<Key, Value>::Load(const State& s) {
     value_ = s.value;
     ortBefore_ = s.ortBefore;
     ortAfter_ = s.ortAfter;
+    UpdateSpan();
     UpdateSegments();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
@@ -225,8 +234,8 @@ template <class Key, class Value>
 Value KeyframeControl<Key, Value>::Evaluate(TimeValue t) const {
     if (keys_.empty()) return value_;
     if (keys_.size() == 1) return KeyValueOf(keys_[0]);
-    if (t >= keys_.front().time && t <= keys_.back().time) return Interpolate(t);
-    const bool before = t < keys_.front().time;
+    if (span_.InInterval(t)) return Interpolate(t);
+    const bool before = t < span_.Start();
     if ((before ? ortBefore_ : ortAfter_) == ORT_LINEAR) return ExtendLinear(before, t);
     Value offset{};
     const TimeValue inside = MapOutOfRange(t, offset);
@@ -236,7 +245,7 @@ Value KeyframeControl<Key, Value>::Evaluate(TimeValue t) const {
 template <class Key, class Value>
 void KeyframeControl<Key, Value>::NarrowValidity(TimeValue t, Interval& valid) const {
     if (keys_.size() < 2) return;
-    const TimeValue first = keys_.front().time, last = keys_.back().time;
+    const TimeValue first = span_.Start(), last = span_.End();
     if (t < first && ortBefore_ == ORT_CONSTANT)
         valid &= Interval(TIME_NegInfinity, first);
     else if (t > last && ortAfter_ == ORT_CONSTANT)

@@ -33,7 +33,15 @@ public:
     constexpr int64_t Duration() const { return Empty() ? 0 : int64_t{end_} - int64_t{start_} + 1; }
 
     // Intersection; an empty result is always stored as NEVER.
-    Interval& operator&=(const Interval& other);
+    Interval& operator&=(const Interval& other) {
+        // An empty operand has start > end or ends at -infinity, so max/min already
+        // give an empty pair in that case; normalising keeps a single representation
+        // of "never".
+        start_ = start_ > other.start_ ? start_ : other.start_;
+        end_ = end_ < other.end_ ? end_ : other.end_;
+        if (Empty()) SetEmpty();
+        return *this;
+    }
     friend Interval operator&(Interval a, const Interval& b) { return a &= b; }
 
     // Intervals are equal when they hold the same times, so all empty intervals are equal.

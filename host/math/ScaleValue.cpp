@@ -10,7 +10,11 @@ Matrix3 ScaleValueMatrix(const ScaleValue& sv) {
 }
 
 void ApplyScaling(Matrix3& m, const ScaleValue& sv) {
-    m = ScaleValueMatrix(sv) * m;
+    // Scaling along the matrix's own axes is scaling its rows.
+    if (sv.q.IsIdentity())
+        m.PreScale(sv.s);
+    else
+        m = ScaleValueMatrix(sv) * m;
 }
 
 }  // namespace host
