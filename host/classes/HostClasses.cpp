@@ -1,17 +1,39 @@
 #include "host/classes/HostClasses.h"
 
+#include "host/classes/LayerManager.h"
 #include "host/object/ClassRegistry.h"
+#include "host/object/Interface.h"
+#include "host/object/Notifications.h"
 
 namespace host {
 
 void RegisterHostClasses() {
     // One table of the host's descriptors; registering a taken pair is refused, so a
     // second call changes nothing.
-    ClassDesc2* const descriptors[] = {
-        GetBezierFloatDesc(), GetBezierPositionDesc(), GetBezierScaleDesc(), GetPositionXYZDesc(),
-        GetEulerXYZDesc(),    GetScaleXYZDesc(),       GetPRSDesc(),         GetTcbFloatDesc(),
-        GetTcbPositionDesc(), GetTcbRotationDesc(),    GetTcbScaleDesc()};
+    ClassDesc2* const descriptors[] = {GetBezierFloatDesc(),  GetBezierPositionDesc(),
+                                       GetBezierScaleDesc(),  GetPositionXYZDesc(),
+                                       GetEulerXYZDesc(),     GetScaleXYZDesc(),
+                                       GetPRSDesc(),          GetTcbFloatDesc(),
+                                       GetTcbPositionDesc(),  GetTcbRotationDesc(),
+                                       GetTcbScaleDesc(),     GetPointHelperDesc(),
+                                       GetBoneObjectDesc(),   GetCurveControlDesc(),
+                                       GetTextShapeDesc(),    GetFloatListDesc(),
+                                       GetPositionListDesc(), GetRotationListDesc(),
+                                       GetScaleListDesc(),    GetOrientationConstraintDesc(),
+                                       GetLinkControlDesc(),  GetPolyObjectDesc(),
+                                       GetEditableMeshDesc(), GetMorphModifierDesc(),
+                                       GetDerivedObjectDesc()};
     for (ClassDesc2* desc : descriptors) ClassRegistry::Instance().Register(desc);
+    static LayerManager layers;
+    GetCOREInterface()->SetLayerManager(&layers);
+}
+
+void StartHost() {
+    static bool started = false;
+    if (started) return;
+    started = true;
+    RegisterHostClasses();
+    BroadcastNotification(NOTIFY_SYSTEM_STARTUP);
 }
 
 }  // namespace host

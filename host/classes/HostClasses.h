@@ -15,7 +15,25 @@ ClassDesc2* GetTcbPositionDesc();
 ClassDesc2* GetTcbRotationDesc();
 ClassDesc2* GetTcbScaleDesc();
 
+ClassDesc2* GetPointHelperDesc();
+ClassDesc2* GetBoneObjectDesc();
+ClassDesc2* GetCurveControlDesc();
+ClassDesc2* GetTextShapeDesc();
+ClassDesc2* GetFloatListDesc();
+ClassDesc2* GetPositionListDesc();
+ClassDesc2* GetRotationListDesc();
+ClassDesc2* GetScaleListDesc();
+ClassDesc2* GetOrientationConstraintDesc();
+ClassDesc2* GetLinkControlDesc();
+ClassDesc2* GetPolyObjectDesc();
+ClassDesc2* GetEditableMeshDesc();
+ClassDesc2* GetMorphModifierDesc();
+ClassDesc2* GetDerivedObjectDesc();
+
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();
+// Starts the host: its classes, its layer manager, then the start-up broadcast. Only
+// the first call does anything.
+void StartHost();
 
 }  // namespace host

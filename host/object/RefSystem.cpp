@@ -19,11 +19,19 @@ public:
         : maker_(maker),
           slot_(slot),
           pins_{TargetPin(AsTarget(maker)), TargetPin(before), TargetPin(after)} {}
-    void Restore(bool) override { RefSystem::Link(maker_, slot_, pins_[1].get()); }
-    void Redo() override { RefSystem::Link(maker_, slot_, pins_[2].get()); }
+    void Restore(bool) override { Relink(pins_[1].get()); }
+    void Redo() override { Relink(pins_[2].get()); }
     WStr Description() override { return WStr(L"Reference"); }
 
 private:
+    // Puts target back in the slot and tells the maker's dependents, so that what
+    // they computed from the other target goes.
+    void Relink(ReferenceTarget* target) {
+        RefSystem::Link(maker_, slot_, target);
+        if (ReferenceTarget* owner = AsTarget(maker_))
+            owner->NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+    }
+
     ReferenceMaker* maker_;
     int slot_;
     TargetPin pins_[3];  // the maker (when it is a target), the target before, the target after

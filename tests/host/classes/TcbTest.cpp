@@ -15,15 +15,15 @@ namespace {
 
 using test::MathRandom;
 
-struct Spec {
+struct KeyDef {
     TimeValue time;
     float val, tens = 0, cont = 0, bias = 0, easeIn = 0, easeOut = 0;
 };
 
 template <class Key, class Track, class Value>
-Track* MakeTrack(const std::vector<Spec>& specs, Value (*value)(const Spec&)) {
+Track* MakeTrack(const std::vector<KeyDef>& defs, Value (*value)(const KeyDef&)) {
     auto* track = new Track;
-    for (const Spec& s : specs) {
+    for (const KeyDef& s : defs) {
         Key key;
         key.time = s.time;
         key.val = value(s);
@@ -37,15 +37,15 @@ Track* MakeTrack(const std::vector<Spec>& specs, Value (*value)(const Spec&)) {
     return track;
 }
 
-TcbFloat* Floats(const std::vector<Spec>& specs) {
+TcbFloat* Floats(const std::vector<KeyDef>& defs) {
     return MakeTrack<ITCBFloatKey, TcbFloat>(
-        specs, +[](const Spec& s) { return s.val; });
+        defs, +[](const KeyDef& s) { return s.val; });
 }
 
 // The turn about Z of each key's value, in radians.
-TcbRotation* TurnsAboutZ(const std::vector<Spec>& specs) {
+TcbRotation* TurnsAboutZ(const std::vector<KeyDef>& defs) {
     return MakeTrack<ITCBRotKey, TcbRotation>(
-        specs, +[](const Spec& s) { return AngAxis(Point3::ZAxis, s.val); });
+        defs, +[](const KeyDef& s) { return AngAxis(Point3::ZAxis, s.val); });
 }
 
 // The Kochanek-Bartels curve as the paper writes it, for keys P with durations N:
@@ -53,7 +53,7 @@ TcbRotation* TurnsAboutZ(const std::vector<Spec>& specs) {
 //   dest   (in)  DD_i = (1-t)(1-c)(1+b)/2 (P_i - P_i-1) + (1-t)(1+c)(1-b)/2 (P_i+1 - P_i)
 // scaled by 2N_i / (N_i-1 + N_i) and 2N_i-1 / (N_i-1 + N_i); open ends by the
 // 3/2-chord rule. Between keys the Hermite cubic in the eased time fraction.
-float ReferenceCurve(const std::vector<Spec>& k, float t) {
+float ReferenceCurve(const std::vector<KeyDef>& k, float t) {
     const size_t n = k.size();
     std::vector<float> ds(n), dd(n);
     for (size_t i = 1; i + 1 < n; ++i) {
@@ -85,7 +85,7 @@ float ReferenceCurve(const std::vector<Spec>& k, float t) {
 TEST(Tcb, FloatFollowsKochanekBartels) {
     MathRandom rnd(41);
     for (int trial = 0; trial < 20; ++trial) {
-        std::vector<Spec> keys;
+        std::vector<KeyDef> keys;
         TimeValue time = 0;
         for (int i = 0; i < 5; ++i) {
             keys.push_back({time, rnd.Uniform(-10, 10), rnd.Uniform(-1, 1), rnd.Uniform(-1, 1),
@@ -135,10 +135,10 @@ float TurnAboutZ(const Quat& q) {
 // A rotation about one axis follows the float curve of its angle, and goes the shorter
 // way between keys.
 TEST(Tcb, RotationAboutOneAxisFollowsItsAngle) {
-    const std::vector<Spec> keys = {{0, 0.1f, 0.3f, -0.2f, 0.4f},
-                                    {1200, 1.0f, -0.5f, 0.3f, 0.1f, 0.2f, 0.3f},
-                                    {3000, 0.4f},
-                                    {4000, 1.5f, 0.2f, 0.6f, -0.4f}};
+    const std::vector<KeyDef> keys = {{0, 0.1f, 0.3f, -0.2f, 0.4f},
+                                      {1200, 1.0f, -0.5f, 0.3f, 0.1f, 0.2f, 0.3f},
+                                      {3000, 0.4f},
+                                      {4000, 1.5f, 0.2f, 0.6f, -0.4f}};
     TcbRotation* rotation = TurnsAboutZ(keys);
     TcbFloat* angle = Floats(keys);
     for (TimeValue t = 0; t <= 4000; t += 50)

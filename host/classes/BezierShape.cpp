@@ -1,0 +1,91 @@
+#include "host/classes/BezierShape.h"
+
+namespace host {
+
+void BezierShape::NewShape() {
+    splines_.clear();
+    UpdateSels();
+}
+
+Spline3D* BezierShape::NewSpline() {
+    return &splines_.emplace_back();
+}
+
+bool BezierShape::DeleteSpline(int i) {
+    if (!GetSpline(i)) return false;
+    splines_.erase(splines_.begin() + i);
+    // The selections of the splines after i move down with them.
+    if (size_t(i) < vertSel_.size()) vertSel_.erase(vertSel_.begin() + i);
+    if (size_t(i) < segSel_.size()) segSel_.erase(segSel_.begin() + i);
+    UpdateSels();
+    return true;
+}
+
+Spline3D* BezierShape::GetSpline(int i) {
+    return i >= 0 && i < SplineCount() ? &splines_[size_t(i)] : nullptr;
+}
+
+const Spline3D* BezierShape::GetSpline(int i) const {
+    return i >= 0 && i < SplineCount() ? &splines_[size_t(i)] : nullptr;
+}
+
+int BezierShape::NumPoints() const {
+    int n = 0;
+    for (const Spline3D& s : splines_) n += s.Verts();
+    return n;
+}
+
+BezierShape::VertRef BezierShape::FindVert(int i) const {
+    if (i < 0) return {-1, 0};
+    for (int s = 0; s < SplineCount(); ++s) {
+        const int verts = splines_[size_t(s)].Verts();
+        if (i < verts) return {s, i};
+        i -= verts;
+    }
+    return {-1, 0};
+}
+
+Point3 BezierShape::GetPoint(int i) const {
+    const VertRef v = FindVert(i);
+    return v.spline >= 0 ? splines_[size_t(v.spline)].GetVert(v.vert) : Point3();
+}
+
+bool BezierShape::SetPoint(int i, const Point3& p) {
+    const VertRef v = FindVert(i);
+    return v.spline >= 0 && splines_[size_t(v.spline)].SetVert(v.vert, p);
+}
+
+void BezierShape::UpdateSels() {
+    const size_t n = splines_.size();
+    vertSel_.resize(n);
+    segSel_.resize(n);
+    for (size_t i = 0; i < n; ++i) {
+        vertSel_[i].SetSize(splines_[i].Verts(), 1);
+        segSel_[i].SetSize(splines_[i].Segments(), 1);
+    }
+    polySel_.SetSize(int(n), 1);
+}
+
+BitArray* BezierShape::VertSel(int i) {
+    return i >= 0 && size_t(i) < vertSel_.size() ? &vertSel_[size_t(i)] : nullptr;
+}
+
+BitArray* BezierShape::SegSel(int i) {
+    return i >= 0 && size_t(i) < segSel_.size() ? &segSel_[size_t(i)] : nullptr;
+}
+
+void BezierShape::InvalidateGeomCache() {
+    for (Spline3D& s : splines_) s.InvalidateGeomCache();
+}
+
+Box3 BezierShape::GetBoundingBox() const {
+    Box3 box;
+    for (const Spline3D& s : splines_) box += s.GetBBox();
+    return box;
+}
+
+void BezierShape::Transform(const Matrix3& tm) {
+    for (Spline3D& s : splines_) s.Transform(tm);
+}
+
+}  // namespace host

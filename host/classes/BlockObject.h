@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/object/ClassDesc2.h"
+#include "host/object/IParamBlock2.h"
+
+namespace host {
+
+// An object whose state is one parameter block, held at reference 0 and shown as its
+// only sub-anim; Base is the object family (HelperObject, GeomObject). The block is
+// made from the class's auto-constructed definition, and its changes reach the
+// object's dependents as changes of the object.
+template <class Base>
+class BlockObject : public Base {
+public:
+    int NumRefs() override { return 1; }
+    ReferenceTarget* GetReference(int i) override { return i == 0 ? pblock_ : nullptr; }
+    int NumSubs() override { return 1; }
+    Animatable* SubAnim(int i) override { return i == 0 ? pblock_ : nullptr; }
+    WStr SubAnimName(int i) override { return WStr(i == 0 ? L"Parameters" : L""); }
+    int NumParamBlocks() override { return 1; }
+    IParamBlock2* GetParamBlock(int i) override { return i == 0 ? pblock_ : nullptr; }
+
+    // The span over which every parameter holds its value at t.
+    Interval ObjectValidity(TimeValue t) override {
+        Interval valid = FOREVER;
+        PB2Value v;
+        for (int i = 0; pblock_ && i < pblock_->NumParams(); ++i)
+            pblock_->GetValue(pblock_->IndexToID(i), t, v, valid);
+        return valid;
+    }
+
+protected:
+    explicit BlockObject(ClassDesc2* desc) { desc->MakeAutoParamBlocks(this); }
+    void SetReference(int i, ReferenceTarget* target) override {
+        if (i == 0) pblock_ = static_cast<IParamBlock2*>(target);
+    }
+    float Float(ParamID id, TimeValue t) { return pblock_ ? pblock_->GetFloat(id, t) : 0.0f; }
+    bool Bool(ParamID id, TimeValue t) { return pblock_ && pblock_->GetInt(id, t) != 0; }
+
+    IParamBlock2* pblock_ = nullptr;
+};
+
+}  // namespace host

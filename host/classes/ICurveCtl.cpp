@@ -1,0 +1,109 @@
+#include "host/classes/ICurveCtl.h"
+
+#include <algorithm>
+
+#include "host/classes/HostClassDesc.h"
+#include "host/classes/HostClasses.h"
+#include "host/object/ClassRegistry.h"
+#include "host/object/Hold.h"
+#include "host/object/HostClassIds.h"
+
+namespace host {
+
+ClassDesc2* GetCurveControlDesc() {
+    static HostClassDesc<ICurveCtl> desc(L"CurveControl", L"curvecontrol", REF_TARGET_CLASS_ID,
+                                         CURVE_CONTROL_CLASS_ID, false);
+    return &desc;
+}
+
+// The control's whole state before and after one change.
+class ICurveCtl::StateRestore : public RestoreObj {
+public:
+    explicit StateRestore(ICurveCtl* c) : pin_(c), ctl_(c), before_(c->Save()), after_(before_) {}
+    void Restore(bool isUndo) override {
+        if (isUndo) after_ = ctl_->Save();
+        ctl_->Load(before_);
+    }
+    void Redo() override { ctl_->Load(after_); }
+    WStr Description() override { return WStr(L"Curve"); }
+
+private:
+    TargetPin pin_;
+    ICurveCtl* ctl_;
+    State before_, after_;
+};
+
+ICurveCtl::ICurveCtl(bool loading) {
+    if (loading) return;
+    SetNumCurves(1);
+    ICurve* curve = curves_.front().get();
+    curve->points_ = {{{0.0f, 0.0f}, {}, {}, CURVEP_CORNER}, {{1.0f, 1.0f}, {}, {}, CURVEP_CORNER}};
+}
+
+Class_ID ICurveCtl::ClassID() {
+    return CURVE_CONTROL_CLASS_ID;
+}
+
+SClass_ID ICurveCtl::SuperClassID() {
+    return REF_TARGET_CLASS_ID;
+}
+
+void ICurveCtl::Record() {
+    if (theHold.Holding()) theHold.Put(new StateRestore(this));
+}
+
+ICurveCtl::State ICurveCtl::Save() const {
+    State s;
+    for (const auto& curve : curves_) s.curves.push_back(curve->points_);
+    std::copy(std::begin(range_), std::end(range_), std::begin(s.range));
+    return s;
+}
+
+void ICurveCtl::Load(const State& s) {
+    // Curves that stay keep their objects, so pointers to them survive undo.
+    curves_.resize(s.curves.size());
+    for (size_t i = 0; i < curves_.size(); ++i) {
+        if (!curves_[i]) curves_[i].reset(new ICurve(this));
+        curves_[i]->points_ = s.curves[i];
+    }
+    std::copy(std::begin(s.range), std::end(s.range), std::begin(range_));
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+void ICurveCtl::SetNumCurves(int n) {
+    n = std::max(n, 0);
+    if (n == GetNumCurves()) return;
+    Edit([&] {
+        curves_.resize(size_t(n));
+        for (auto& curve : curves_)
+            if (!curve) curve.reset(new ICurve(this));
+    });
+}
+
+void ICurveCtl::SetXRange(float lo, float hi) {
+    Edit([&] {
+        range_[0] = lo;
+        range_[1] = hi;
+    });
+    if (rangeChanged_) rangeChanged_(this);
+}
+
+void ICurveCtl::SetYRange(float lo, float hi) {
+    Edit([&] {
+        range_[2] = lo;
+        range_[3] = hi;
+    });
+    if (rangeChanged_) rangeChanged_(this);
+}
+
+void ICurveCtl::GetXRange(float& lo, float& hi) const {
+    lo = range_[0];
+    hi = range_[1];
+}
+
+void ICurveCtl::GetYRange(float& lo, float& hi) const {
+    lo = range_[2];
+    hi = range_[3];
+}
+
+}  // namespace host

@@ -1,0 +1,63 @@
+#include "host/classes/MeshObject.h"
+
+#include "host/object/Hold.h"
+
+namespace host {
+
+// The mesh before and after the edits of one hold.
+class MeshObject::MeshRestore : public RestoreObj {
+public:
+    explicit MeshRestore(MeshObject* obj)
+        : pin_(obj), obj_(obj), before_(obj->mesh_), after_(before_) {}
+    void Restore(bool isUndo) override {
+        if (isUndo) after_ = obj_->mesh_;
+        obj_->LoadMesh(before_);
+    }
+    void Redo() override { obj_->LoadMesh(after_); }
+    void EndHold() override { obj_->ClearAFlag(A_HELD); }
+    int Size() override { return obj_->mesh_.numv() + obj_->mesh_.numf(); }
+    WStr Description() override { return WStr(L"Mesh Edit"); }
+
+private:
+    TargetPin pin_;
+    MeshObject* obj_;
+    MNMesh before_, after_;
+};
+
+template <typename Edit>
+void MeshObject::EditMesh(Edit edit, PartID part) {
+    if (theHold.Holding() && !TestAFlag(A_HELD)) {
+        theHold.Put(new MeshRestore(this));
+        SetAFlag(A_HELD);
+    }
+    edit(mesh_);
+    NotifyDependents(FOREVER, part, REFMSG_CHANGE);
+}
+
+void MeshObject::LoadMesh(const MNMesh& mesh) {
+    mesh_ = mesh;
+    NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+void MeshObject::SetMesh(const MNMesh& mesh) {
+    EditMesh([&mesh](MNMesh& m) { m = mesh; }, PART_ALL);
+}
+
+void MeshObject::SetPoint(int i, const Point3& p) {
+    if (i < 0 || i >= mesh_.numv()) return;
+    EditMesh([i, &p](MNMesh& m) { m.P(i) = p; }, PART_GEOM);
+}
+
+void MeshObject::SetFaceSelection(const BitArray& sel) {
+    EditMesh([&sel](MNMesh& m) { m.FaceSelect(sel); }, PART_DISPLAY);
+}
+
+Point3 MeshObject::GetPoint(int i) {
+    return i >= 0 && i < mesh_.numv() ? mesh_.P(i) : Point3();
+}
+
+void MeshObject::GetLocalBoundBox(TimeValue, INode*, ViewExp*, Box3& box) {
+    box = mesh_.BoundingBox();
+}
+
+}  // namespace host

@@ -1,0 +1,106 @@
+#include "host/classes/SimpleSpline.h"
+
+#include <cassert>
+
+#include "host/object/ClassDesc2.h"
+
+namespace host {
+
+namespace {
+
+[[maybe_unused]] bool ListsBlock(ClassDesc2* desc, const ParamBlockDesc2* block) {
+    for (int i = 0; i < desc->NumParamBlockDescs(); ++i)
+        if (desc->GetParamBlockDesc(i) == block) return true;
+    return false;
+}
+
+}  // namespace
+
+ParamBlockDesc2* SimpleSpline::GetInterpBlockDesc() {
+    // Not tied to one class: each shape class's descriptor lists it.
+    static ParamBlockDesc2 block(
+        INTERP_BLOCK_ID, L"interpolation", P_AUTO_CONSTRUCT, INTERP_BLOCK_REF, nullptr,
+        {
+            {STEPS, L"steps", TYPE_INT, 0, 0, {.i = 6}, std::pair{0.0f, 100.0f}},
+            {OPTIMIZE, L"optimize", TYPE_BOOL, 0, 0, {.i = 1}},
+            {ADAPTIVE, L"adaptive", TYPE_BOOL, 0, 0, {.i = 0}},
+        });
+    return &block;
+}
+
+SimpleSpline::SimpleSpline(ClassDesc2* desc, bool loading) {
+    assert(ListsBlock(desc, GetInterpBlockDesc()) && "a shape's descriptor lists the interp block");
+    if (!loading) desc->MakeAutoParamBlocks(this);
+}
+
+void SimpleSpline::UpdateShape(TimeValue t) {
+    if (ivalid.InInterval(t)) return;
+    ivalid = FOREVER;
+    BuildShape(t, shape);
+    ApplyInterpolation(t);
+    shape.UpdateSels();
+    shape.InvalidateGeomCache();
+}
+
+void SimpleSpline::ApplyInterpolation(TimeValue t) {
+    if (!ipblock) return;
+    PB2Value steps, optimize, adaptive;
+    ipblock->GetValue(STEPS, t, steps, ivalid);
+    ipblock->GetValue(OPTIMIZE, t, optimize, ivalid);
+    ipblock->GetValue(ADAPTIVE, t, adaptive, ivalid);
+    shape.steps = adaptive.i ? -1 : steps.i;
+    shape.optimize = optimize.i != 0;
+}
+
+ReferenceTarget* SimpleSpline::GetReference(int i) {
+    if (i == INTERP_BLOCK_REF) return ipblock;
+    return i == PBLOCK_REF ? pblock2 : nullptr;
+}
+
+void SimpleSpline::SetReference(int i, ReferenceTarget* target) {
+    if (i == INTERP_BLOCK_REF) ipblock = static_cast<IParamBlock2*>(target);
+    if (i == PBLOCK_REF) pblock2 = static_cast<IParamBlock2*>(target);
+}
+
+Animatable* SimpleSpline::SubAnim(int i) {
+    return GetParamBlock(i);
+}
+
+WStr SimpleSpline::SubAnimName(int i) {
+    if (i == 0) return WStr(L"Parameters");
+    return WStr(i == 1 ? L"Interpolation" : L"");
+}
+
+IParamBlock2* SimpleSpline::GetParamBlock(int i) {
+    if (i == 0) return pblock2;
+    return i == 1 ? ipblock : nullptr;
+}
+
+RefResult SimpleSpline::NotifyRefChanged(const Interval&, ReferenceTarget*, PartID&,
+                                         RefMessage message, bool) {
+    // Only the blocks are referenced: any change of theirs is a change of the shape.
+    if (message == REFMSG_CHANGE) ivalid.SetEmpty();
+    return REF_SUCCEED;
+}
+
+ObjectState SimpleSpline::Eval(TimeValue t) {
+    UpdateShape(t);
+    return {this};
+}
+
+Interval SimpleSpline::ObjectValidity(TimeValue t) {
+    UpdateShape(t);
+    return ivalid;
+}
+
+void SimpleSpline::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
+    UpdateShape(t);
+    box = shape.GetBoundingBox();
+}
+
+void SimpleSpline::GetDeformBBox(TimeValue t, Box3& box, Matrix3* tm, bool useSel) {
+    UpdateShape(t);
+    ShapeObject::GetDeformBBox(t, box, tm, useSel);
+}
+
+}  // namespace host
