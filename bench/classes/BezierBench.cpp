@@ -33,5 +33,23 @@ void BM_BezierFloatGetValue100Keys(benchmark::State& state) {
 }
 BENCHMARK(BM_BezierFloatGetValue100Keys);
 
+// Loading a track as a file reader does: keys appended one by one, then one read.
+void BM_BezierFloatLoad1000Keys(benchmark::State& state) {
+    std::mt19937 rng(4);
+    std::uniform_real_distribution<float> value(-10.0f, 10.0f);
+    std::vector<IBezFloatKey> keys(1000);
+    for (size_t k = 0; k < keys.size(); ++k) {
+        keys[k].time = TimeValue(k) * 160;
+        keys[k].val = value(rng);
+    }
+    for (auto _ : state) {
+        auto* c = new BezierFloat;
+        for (IBezFloatKey& key : keys) c->AppendKey(&key);
+        benchmark::DoNotOptimize(c->Evaluate(800));
+        c->DeleteMe();
+    }
+}
+BENCHMARK(BM_BezierFloatLoad1000Keys)->Unit(benchmark::kMicrosecond);
+
 }  // namespace
 }  // namespace host::bench

@@ -59,12 +59,10 @@ Point3 EulerXYZ::FromAngles(const float* angles) const {
 void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
     float angles[3];
     ToAngles(ReadTracks(t, valid), angles);
+    if (method == CTRL_RELATIVE) return PreRotateEuler(*static_cast<Matrix3*>(val), angles, order_);
     Matrix3 rotation;
     EulerToMatrix(angles, rotation, order_);
-    if (method == CTRL_RELATIVE)
-        *static_cast<Matrix3*>(val) = rotation * *static_cast<Matrix3*>(val);
-    else
-        *static_cast<Quat*>(val) = Quat(rotation);
+    *static_cast<Quat*>(val) = Quat(rotation);
 }
 
 void EulerXYZ::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {

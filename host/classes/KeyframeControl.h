@@ -112,6 +112,7 @@ public:
     int GetNumKeys() override { return NumKeys(); }
     void SetNumKeys(int n) override;
     void GetKey(int i, IKey* key) override {
+        Refresh();
         if (Valid(i)) *static_cast<Key*>(key) = keys_[size_t(i)];
     }
     void SetKey(int i, IKey* key) override;
@@ -123,9 +124,9 @@ protected:
     virtual Value Interpolate(TimeValue t) const = 0;
     // Beyond the first key (before) or the last one along the curve's end direction.
     virtual Value ExtendLinear(bool before, TimeValue t) const = 0;
-    // After every edit: automatic tangents and the like.
+    // Before the first read after edits, undo or redo: automatic tangents and the like,
     virtual void UpdateTangents() {}
-    // After every edit and every undo or redo: tables read by Interpolate.
+    // then the tables read by Interpolate.
     virtual void UpdateSegments() {}
     virtual const wchar_t* KeysUndoName() const = 0;
 
@@ -163,7 +164,18 @@ private:
         span_ = keys_.empty() ? NEVER : Interval(keys_.front().time, keys_.back().time);
     }
 
+    // Tangents and the curve's tables are rebuilt on the first read after edits, so
+    // that a loader appending keys one by one does not rebuild them for every key.
+    void Refresh() const {
+        if (!stale_) return;
+        auto* self = const_cast<KeyframeControl*>(this);  // never a const object
+        self->UpdateTangents();
+        self->UpdateSegments();
+        self->stale_ = false;
+    }
+
     Interval span_ = NEVER;
+    bool stale_ = false;
     std::optional<State> tentative_;
     Value value_{};
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
@@ -197,9 +209,8 @@ void KeyframeControl<Key, Value>::Change(Edit edit) {
         SetAFlag(A_HELD);
     }
     edit();
-    UpdateTangents();
     UpdateSpan();
-    UpdateSegments();
+    stale_ = true;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -210,7 +221,7 @@ void KeyframeControl<Key, Value>::Load(const State& s) {
     ortBefore_ = s.ortBefore;
     ortAfter_ = s.ortAfter;
     UpdateSpan();
-    UpdateSegments();
+    stale_ = true;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -233,6 +244,7 @@ TimeValue KeyframeControl<Key, Value>::MapOutOfRange(TimeValue t, Value& offset)
 template <class Key, class Value>
 Value KeyframeControl<Key, Value>::Evaluate(TimeValue t) const {
     if (keys_.empty()) return value_;
+    Refresh();
     if (keys_.size() == 1) return KeyValueOf(keys_[0]);
     if (span_.InInterval(t)) return Interpolate(t);
     const bool before = t < span_.Start();

@@ -29,6 +29,8 @@ inline bool IsRepeatingEulerOrder(int order) {
 }
 
 void EulerToMatrix(const float* angles, Matrix3& m, int order = EULERTYPE_XYZ);
+// m = EulerToMatrix(angles) * m, turning m in its own space axis by axis.
+void PreRotateEuler(Matrix3& m, const float* angles, int order = EULERTYPE_XYZ);
 void EulerToQuat(const float* angles, Quat& q, int order = EULERTYPE_XYZ);
 // The angles of m's rotation (m is orthogonalised first unless it is flagged free of
 // scale). The middle angle lies in -pi/2 to pi/2 for orders 0 to 5 and in 0 to pi

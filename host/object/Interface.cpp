@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/math/MatrixHelpers.h"
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
 #include "host/object/ILayerManager.h"
@@ -93,6 +94,25 @@ void Interface::RegisterTimeChangeCallback(TimeChangeCallback* tc) {
 
 void Interface::UnRegisterTimeChangeCallback(TimeChangeCallback* tc) {
     std::erase(timeCallbacks_, tc);
+}
+
+Matrix3 Interface::GetTransformAxis(INode* node, TimeValue t) {
+    if (!node) return Matrix3();
+    Matrix3 frame;
+    switch (refCoordSys_) {
+        case COORDS_LOCAL:
+        case COORDS_GIMBAL:
+            frame = node->GetNodeTM(t);
+            break;
+        case COORDS_PARENT:
+            frame = node->GetParentTM(t);
+            break;
+        default:
+            return Matrix3();
+    }
+    Matrix3 axes = RotationOf(frame);
+    axes.SetTrans(frame.GetTrans());
+    return axes;
 }
 
 void Interface::SetRefCoordSys(int coords) {

@@ -87,6 +87,10 @@ public:
     void UnRegisterTimeChangeCallback(TimeChangeCallback* tc);
 
     int GetRefCoordSys() const { return refCoordSys_; }
+    // The axes the transform tools use for node at t in the reference coordinate
+    // system: the node's own for local and gimbal, its parent's for parent, the world's
+    // otherwise (views and the grid are the world without a viewport). Scale is left out.
+    Matrix3 GetTransformAxis(INode* node, TimeValue t);
     // Ignores values outside the named systems.
     void SetRefCoordSys(int coords);
     int GetCommandPanelTaskMode() const { return taskMode_; }

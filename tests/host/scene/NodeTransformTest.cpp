@@ -163,5 +163,39 @@ TEST_F(NodeTransforms, SetMoveRotateScaleAndAttach) {
     EXPECT_EQ(free->GetParentNode(), ip->GetRootNode());
 }
 
+// The transform tools take their axes from the reference coordinate system: a move
+// along local X follows the node's own turned axis, along world X the world's.
+TEST_F(NodeTransforms, ToolsWorkInTheReferenceCoordinateSystem) {
+    INode* node = ip->CreateObjectNode(nullptr);
+    node->SetNodeTM(
+        0, ScaleMatrix(Point3(2, 2, 2)) * RotateZMatrix(0.5f) * TransMatrix(Point3(1, 0, 0)));
+    const Matrix3 before = node->GetNodeTM(0);
+    ip->SetRefCoordSys(COORDS_LOCAL);
+    const Matrix3 axes = ip->GetTransformAxis(node, 0);
+    EXPECT_NEAR(Length(axes.GetRow(0)), 1.0f, 1e-5f) << "no scale in the axes";
+    node->Move(0, axes, VectorTransform(axes, Point3(3, 0, 0)));
+    const Point3 moved = node->GetNodeTM(0).GetTrans() - before.GetTrans();
+    EXPECT_NEAR(DotProd(moved, Normalize(before.GetRow(0))), 3.0f, 1e-4f);
+    ip->SetRefCoordSys(COORDS_WORLD);
+    EXPECT_TRUE(MatrixNear(ip->GetTransformAxis(node, 0), Matrix3(), 0.0f));
+    ip->SetRefCoordSys(COORDS_VIEW);
+}
+
+// The object offset places the object under the pivot; children don't inherit it.
+TEST_F(NodeTransforms, ObjectOffsetMovesTheObjectOnly) {
+    INode* node = ip->CreateObjectNode(nullptr);
+    INode* child = ip->CreateObjectNode(nullptr);
+    node->AttachChild(child, false);
+    node->SetNodeTM(0, TransMatrix(Point3(0, 5, 0)));
+    node->SetObjOffsetPos(Point3(1, 0, 0));
+    node->SetObjOffsetRot(Quat(AngAxis(Point3::ZAxis, 0.5f)));
+    node->SetObjOffsetScale(ScaleValue(Point3(2, 2, 2)));
+    const Matrix3 offset = ScaleMatrix(Point3(2, 2, 2)) *
+                           QuatMatrix(Quat(AngAxis(Point3::ZAxis, 0.5f))) *
+                           TransMatrix(Point3(1, 0, 0));
+    EXPECT_TRUE(MatrixNear(node->GetObjectTM(0), offset * node->GetNodeTM(0), 1e-5f));
+    EXPECT_TRUE(MatrixNear(child->GetNodeTM(0), TransMatrix(Point3(0, 5, 0)), 1e-5f));
+}
+
 }  // namespace
 }  // namespace host::test
