@@ -98,19 +98,28 @@ size_t BezierChannel::Locate(TimeValue t) const {
 }
 
 float BezierChannel::Interpolate(TimeValue t) const {
-    const size_t k = Locate(t);
+    // Playback mostly reads the segment it read last, kept in the channel itself.
+    if (current_.invDuration != 0.0f && t >= current_.start && t < current_.end)
+        return Cubic(current_, t);
+    // Else most often the next one, which the last read fetched ahead.
+    const size_t next = hint_ + 1;
+    const bool advanced = next < segments_.size() && t >= current_.end &&
+                          current_.end == segments_[next].start &&
+                          (t < segments_[next].end || next + 1 == segments_.size());
+    const size_t k = advanced ? next : Locate(t);
     hint_ = k;
+    current_ = segments_[k];
     // The segment after this one is the next one playback reads.
     if (k + 1 < segments_.size()) __builtin_prefetch(&segments_[k + 1]);
-    const Segment& segment = segments_[k];
-    const float s = float(t - segment.start) * segment.invDuration;
-    if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
-    return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
+    const float s = float(t - current_.start) * current_.invDuration;
+    if (current_.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
+    return Cubic(current_, t);
 }
 
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
     hint_ = 0;
+    current_ = Segment{};
     segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
     for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];

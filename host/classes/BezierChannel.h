@@ -51,9 +51,15 @@ private:
         float invDuration = 0.0f;
         float c[4] = {};
     };
+    static float Cubic(const Segment& segment, TimeValue t) {
+        const float s = float(t - segment.start) * segment.invDuration;
+        return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
+    }
+
     std::vector<BezierKnot> knots_;
     std::vector<Segment> segments_;
     mutable size_t hint_ = 0;  // the segment of the last read
+    mutable Segment current_;  // and a copy of it
 };
 
 }  // namespace host

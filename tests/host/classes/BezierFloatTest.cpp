@@ -199,5 +199,36 @@ TEST(BezierFloat, KeyOperations) {
     c->DeleteMe();
 }
 
+// Reads remember where the last one was; any order of reads (playback forwards and
+// backwards, jumps, repeats, key times) gives what a track read only once gives.
+TEST(BezierFloat, ReadOrderDoesNotChangeValues) {
+    std::vector<KeySpec> keys;
+    for (int k = 0; k < 12; ++k)
+        keys.push_back({k * 400, float((k * 7) % 5), k % 3 == 0 ? BEZKEY_LINEAR : BEZKEY_SMOOTH,
+                        k % 4 == 1 ? BEZKEY_STEP : BEZKEY_SMOOTH});
+    auto make = [&] {
+        auto* c = new BezierFloat;
+        for (const KeySpec& k : keys) {
+            IBezFloatKey key;
+            key.time = k.t;
+            key.val = k.v;
+            key.flags = SetOutTanType(SetInTanType(0, k.in), k.out);
+            c->AppendKey(&key);
+        }
+        return c;
+    };
+    BezierFloat* track = make();
+    std::vector<TimeValue> times;
+    for (TimeValue t = -200; t <= 4800; t += 160) times.push_back(t);            // forwards
+    for (TimeValue t = 4700; t >= 0; t -= 130) times.push_back(t);               // backwards
+    for (int i = 0; i < 60; ++i) times.push_back(TimeValue((i * 7919) % 4600));  // jumps
+    for (TimeValue t : times) {
+        BezierFloat* fresh = make();
+        ASSERT_EQ(track->Evaluate(t), fresh->Evaluate(t)) << t;
+        fresh->DeleteMe();
+    }
+    track->DeleteMe();
+}
+
 }  // namespace
 }  // namespace host
