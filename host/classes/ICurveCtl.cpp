@@ -7,6 +7,7 @@
 #include "host/object/ClassRegistry.h"
 #include "host/object/Hold.h"
 #include "host/object/HostClassIds.h"
+#include "host/object/SnapshotRestore.h"
 
 namespace host {
 
@@ -15,23 +16,6 @@ ClassDesc2* GetCurveControlDesc() {
                                          CURVE_CONTROL_CLASS_ID, false);
     return &desc;
 }
-
-// The control's whole state before and after one change.
-class ICurveCtl::StateRestore : public RestoreObj {
-public:
-    explicit StateRestore(ICurveCtl* c) : pin_(c), ctl_(c), before_(c->Save()), after_(before_) {}
-    void Restore(bool isUndo) override {
-        if (isUndo) after_ = ctl_->Save();
-        ctl_->Load(before_);
-    }
-    void Redo() override { ctl_->Load(after_); }
-    WStr Description() override { return WStr(L"Curve"); }
-
-private:
-    TargetPin pin_;
-    ICurveCtl* ctl_;
-    State before_, after_;
-};
 
 ICurveCtl::ICurveCtl(bool loading) {
     if (loading) return;
@@ -49,7 +33,9 @@ SClass_ID ICurveCtl::SuperClassID() {
 }
 
 void ICurveCtl::Record() {
-    if (theHold.Holding()) theHold.Put(new StateRestore(this));
+    if (theHold.Holding())
+        theHold.Put(new SnapshotRestore<ICurveCtl, State>(this, &ICurveCtl::Save, &ICurveCtl::Load,
+                                                          L"Curve"));
 }
 
 ICurveCtl::State ICurveCtl::Save() const {

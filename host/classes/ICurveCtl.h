@@ -43,7 +43,6 @@ public:
     }
 
 private:
-    class StateRestore;
     struct State {
         std::vector<std::vector<CurvePoint>> curves;
         float range[4];  // x lo, x hi, y lo, y hi

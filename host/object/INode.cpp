@@ -8,26 +8,9 @@
 #include "host/object/Interface.h"
 #include "host/object/Mtl.h"
 #include "host/object/Object.h"
+#include "host/object/SnapshotRestore.h"
 
 namespace host {
-
-// The node's properties before and after one change.
-class INode::PropertiesRestore : public RestoreObj {
-public:
-    explicit PropertiesRestore(INode* node)
-        : pin_(node), node_(node), before_(node->props_), after_(before_) {}
-    void Restore(bool isUndo) override {
-        if (isUndo) after_ = node_->props_;
-        node_->LoadProperties(before_);
-    }
-    void Redo() override { node_->LoadProperties(after_); }
-    WStr Description() override { return WStr(L"Node Properties"); }
-
-private:
-    TargetPin pin_;
-    INode* node_;
-    Properties before_, after_;
-};
 
 // A node's place before and after it moved in the hierarchy, entered or left the scene.
 class INode::LinkRestore : public RestoreObj {
@@ -308,7 +291,9 @@ void INode::SetTransformLock(int type, int axis, bool on) {
 
 template <typename Edit>
 void INode::EditProperties(Edit edit, RefMessage message) {
-    if (theHold.Holding()) theHold.Put(new PropertiesRestore(this));
+    if (theHold.Holding())
+        theHold.Put(new SnapshotRestore<INode, Properties>(
+            this, &INode::SaveProperties, &INode::LoadProperties, L"Node Properties"));
     edit(props_);
     NotifyDependents(FOREVER, PART_ALL, message);
 }

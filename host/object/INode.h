@@ -161,7 +161,6 @@ protected:
 
 private:
     friend class Scene;
-    class PropertiesRestore;
     class LinkRestore;
 
     enum FlagBit : uint32_t {
@@ -193,6 +192,7 @@ private:
     // Records the properties when holding, changes them, and tells the dependents.
     template <typename Edit>
     void EditProperties(Edit edit, RefMessage message = REFMSG_CHANGE);
+    Properties SaveProperties() const { return props_; }
     void LoadProperties(const Properties& p);
     // Moves node under parent, last, recorded when holding.
     static void Relink(INode* node, INode* parent);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "host/object/Animate.h"
 
 namespace host {
@@ -14,7 +16,7 @@ struct KeySpec {
     BezierTangent in = BEZKEY_SMOOTH, out = BEZKEY_SMOOTH;
 };
 
-BezierFloat* Track(std::initializer_list<KeySpec> keys) {
+BezierFloat* Track(const std::vector<KeySpec>& keys) {
     auto* c = new BezierFloat;
     for (const KeySpec& k : keys) {
         IBezFloatKey key;
@@ -206,17 +208,7 @@ TEST(BezierFloat, ReadOrderDoesNotChangeValues) {
     for (int k = 0; k < 12; ++k)
         keys.push_back({k * 400, float((k * 7) % 5), k % 3 == 0 ? BEZKEY_LINEAR : BEZKEY_SMOOTH,
                         k % 4 == 1 ? BEZKEY_STEP : BEZKEY_SMOOTH});
-    auto make = [&] {
-        auto* c = new BezierFloat;
-        for (const KeySpec& k : keys) {
-            IBezFloatKey key;
-            key.time = k.t;
-            key.val = k.v;
-            key.flags = SetOutTanType(SetInTanType(0, k.in), k.out);
-            c->AppendKey(&key);
-        }
-        return c;
-    };
+    auto make = [&] { return Track(keys); };
     BezierFloat* track = make();
     std::vector<TimeValue> times;
     for (TimeValue t = -200; t <= 4800; t += 160) times.push_back(t);            // forwards
