@@ -87,14 +87,12 @@ void INode::Link(INode* parent, int index) {
     NotifyDependents(FOREVER, PART_ALL, REFMSG_NODE_LINK);
 }
 
-Matrix3 INode::GetNodeTM(TimeValue t, Interval* valid) {
-    if (!tmValid_.InInterval(t)) {
-        if (evaluating_) {
-            if (valid) *valid &= Interval(t, t);
-            return tm_;
-        }
-        EvaluateTM(t);
+Matrix3 INode::ComputeNodeTM(TimeValue t, Interval* valid) {
+    if (evaluating_) {
+        if (valid) *valid &= Interval(t, t);
+        return tm_;
     }
+    EvaluateTM(t);
     if (valid) *valid &= tmValid_;
     return tm_;
 }

@@ -69,7 +69,11 @@ public:
     void Detach(TimeValue t, bool keepTM = true);
 
     // Transforms.
-    Matrix3 GetNodeTM(TimeValue t, Interval* valid = nullptr);
+    Matrix3 GetNodeTM(TimeValue t, Interval* valid = nullptr) {
+        if (!tmValid_.InInterval(t)) return ComputeNodeTM(t, valid);
+        if (valid) *valid &= tmValid_;
+        return tm_;
+    }
     Matrix3 GetParentTM(TimeValue t);
     // Makes the world transform tm at t through the controller (XFORM_SET).
     void SetNodeTM(TimeValue t, const Matrix3& tm);
@@ -200,6 +204,8 @@ private:
     // a null parent; the scene's bookkeeping follows.
     void Link(INode* parent, int index);
     int IndexInParent() const;
+    // The uncached path of GetNodeTM.
+    Matrix3 ComputeNodeTM(TimeValue t, Interval* valid);
     void EvaluateTM(TimeValue t);
     void DropTMCaches();
     // v (a world vector) without its components along the locked axes of type, taken
