@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "host/classes/IKeyControl.h"
@@ -176,7 +176,7 @@ private:
 
     Interval span_ = NEVER;
     bool stale_ = false;
-    std::optional<State> tentative_;
+    std::unique_ptr<State> tentative_;  // rare, so kept out of the way of reads
     Value value_{};
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
 };
@@ -279,7 +279,7 @@ void KeyframeControl<Key, Value>::WriteValue(TimeValue t, const Value& v, int co
     if (commit)
         tentative_.reset();
     else if (!tentative_)
-        tentative_ = Save();
+        tentative_ = std::make_unique<State>(Save());
     const bool animating = Animating();
     Change([&] {
         const int index = GetKeyIndex(t);
