@@ -97,11 +97,8 @@ size_t BezierChannel::Locate(TimeValue t) const {
     return next == segments_.begin() ? 0 : size_t(next - segments_.begin()) - 1;
 }
 
-float BezierChannel::Interpolate(TimeValue t) const {
-    // Playback mostly reads the segment it read last, kept in the channel itself.
-    if (current_.invDuration != 0.0f && t >= current_.start && t < current_.end)
-        return Cubic(current_, t);
-    // Else most often the next one, which the last read fetched ahead.
+float BezierChannel::InterpolateElsewhere(TimeValue t) const {
+    // Most often the next segment, which the last read fetched ahead.
     const size_t next = hint_ + 1;
     const bool advanced = next < segments_.size() && t >= current_.end &&
                           current_.end == segments_[next].start &&

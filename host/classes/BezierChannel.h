@@ -32,14 +32,21 @@ public:
 
     // Takes the knots to read from, and builds the tables for reading them.
     void Set(std::vector<BezierKnot> knots);
-    // The value at t, for t within the knots' times; at least two knots.
-    float Interpolate(TimeValue t) const;
+    // The value at t, for t within the knots' times; at least two knots. Playback
+    // mostly reads the segment it read last, kept in the channel itself.
+    float Interpolate(TimeValue t) const {
+        if (current_.invDuration != 0.0f && t >= current_.start && t < current_.end)
+            return Cubic(current_, t);
+        return InterpolateElsewhere(t);
+    }
     // Beyond the first knot (before) or the last one, along its tangent.
     float ExtendLinear(bool before, TimeValue t) const;
 
 private:
     // The segment holding t: the one before the first knot's time for earlier times.
     size_t Locate(TimeValue t) const;
+    // Interpolate outside the last segment read.
+    float InterpolateElsewhere(TimeValue t) const;
     float SegmentValue(size_t k, TimeValue t) const;
 
     // Playback reads segments in order, so each segment keeps what a read needs in one
