@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/classes/IKeyControl.h"
+#include "host/math/CubicBezier.h"
 
 namespace host {
 
@@ -11,18 +12,13 @@ namespace {
 
 constexpr float kThird = 1.0f / 3.0f;
 
-float Bezier(float p0, float p1, float p2, float p3, float u) {
-    const float v = 1.0f - u;
-    return v * v * v * p0 + 3.0f * v * v * u * p1 + 3.0f * v * u * u * p2 + u * u * u * p3;
-}
-
 // The parameter u at which the segment's time curve, with control times at outLength
 // and 1 - inLength of its duration, reaches the fraction s: Newton steps, kept in [0, 1].
 float ParameterAt(float s, float outLength, float inLength) {
     const float p1 = outLength, p2 = 1.0f - inLength;
     float u = s;
     for (int i = 0; i < 12; ++i) {
-        const float error = Bezier(0.0f, p1, p2, 1.0f, u) - s;
+        const float error = CubicBezier(0.0f, p1, p2, 1.0f, u) - s;
         if (std::fabs(error) < 1e-7f) break;
         const float v = 1.0f - u;
         const float slope =
@@ -82,8 +78,8 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
     const float s = float(t - a.time) / dt;
     const bool thirds = a.outLength == kThird && b.inLength == kThird;
     const float u = thirds ? s : ParameterAt(s, a.outLength, b.inLength);
-    return Bezier(a.val, a.val + a.outtan * a.outLength * dt, b.val + b.intan * b.inLength * dt,
-                  b.val, u);
+    return CubicBezier(a.val, a.val + a.outtan * a.outLength * dt,
+                       b.val + b.intan * b.inLength * dt, b.val, u);
 }
 
 size_t BezierChannel::Locate(TimeValue t) const {

@@ -4,17 +4,9 @@
 #include <cmath>
 
 #include "host/classes/ICurveCtl.h"
+#include "host/math/CubicBezier.h"
 
 namespace host {
-
-namespace {
-
-float Cubic(float p0, float p1, float p2, float p3, float u) {
-    const float v = 1.0f - u;
-    return v * v * v * p0 + 3.0f * v * v * u * p1 + 3.0f * v * u * u * p2 + u * u * u * p3;
-}
-
-}  // namespace
 
 CurvePoint ICurve::GetPoint(TimeValue, int i) const {
     return i >= 0 && i < GetNumPts() ? points_[size_t(i)] : CurvePoint{};
@@ -74,9 +66,9 @@ float ICurve::SegmentValue(size_t k, float x) const {
     float lo = 0.0f, hi = 1.0f;
     for (int i = 0; i < 40; ++i) {
         const float mid = 0.5f * (lo + hi);
-        (Cubic(a.p.x, x1, x2, b.p.x, mid) < x ? lo : hi) = mid;
+        (CubicBezier(a.p.x, x1, x2, b.p.x, mid) < x ? lo : hi) = mid;
     }
-    return Cubic(a.p.y, y1, y2, b.p.y, 0.5f * (lo + hi));
+    return CubicBezier(a.p.y, y1, y2, b.p.y, 0.5f * (lo + hi));
 }
 
 }  // namespace host

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/math/CubicBezier.h"
+
 namespace host {
 
 namespace {
@@ -12,9 +14,7 @@ namespace {
 constexpr int kLengthSamples = 32;
 
 Point3 BezierPoint(const Point3 (&p)[4], float u) {
-    const float v = 1.0f - u;
-    return p[0] * (v * v * v) + p[1] * (3.0f * v * v * u) + p[2] * (3.0f * v * u * u) +
-           p[3] * (u * u * u);
+    return CubicBezier(p[0], p[1], p[2], p[3], u);
 }
 
 Point3 BezierDerivative(const Point3 (&p)[4], float u) {

@@ -40,8 +40,7 @@ protected:
     }
     Value ExtendLinear(bool before, TimeValue t) const override {
         const size_t key = before ? 0 : keys_.size() - 1;
-        const TimeValue duration = spline_.Duration(before ? 0 : key - 1);
-        const float spans = duration > 0 ? float(t - keys_[key].time) / float(duration) : 0.0f;
+        const float spans = spline_.EndSpans(before, t);
         Value v{};
         for (int axis = 0; axis < N; ++axis) {
             const Curve& c = curves_[axis];

@@ -60,9 +60,8 @@ Quat TcbRotation::Interpolate(TimeValue t) const {
 
 Quat TcbRotation::ExtendLinear(bool before, TimeValue t) const {
     const size_t key = before ? 0 : keys_.size() - 1;
-    const TimeValue duration = spline_.Duration(before ? 0 : key - 1);
-    const float spans = duration > 0 ? float(t - keys_[key].time) / float(duration) : 0.0f;
-    return quats_[key] * RotationVectorQuat((before ? out_[key] : in_[key]) * spans);
+    const Point3 tangent = before ? out_[key] : in_[key];
+    return quats_[key] * RotationVectorQuat(tangent * spline_.EndSpans(before, t));
 }
 
 void TcbRotation::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <string>
+#include <unordered_set>
 
 #include "host/object/Control.h"
 #include "host/object/Hold.h"
@@ -69,11 +71,19 @@ INode* Scene::FindByHandle(uint32_t handle) const {
 }
 
 WStr Scene::UniqueName(const WStr& base) {
+    // The scene's names, gathered once, lower case as lookups compare them.
+    std::unordered_set<std::wstring> taken;
+    Walk(Root(), [&](INode* node) {
+        WStr name(node->GetName());
+        taken.insert(name.toLower().data());
+        return false;
+    });
     for (int n = 1;; ++n) {
         wchar_t digits[16];
         std::swprintf(digits, 16, L"%03d", n);
-        const WStr name = base + WStr(digits);
-        if (!FindByName(name.data())) return name;
+        WStr name = base + WStr(digits);
+        WStr lower = name;
+        if (!taken.count(lower.toLower().data())) return name;
     }
 }
 
