@@ -30,13 +30,9 @@ TEST(BezierPosition, EachAxisIsABezierFloat) {
             key.inLength[axis] = length(rng);
             key.outLength[axis] = rng() % 2 ? length(rng) : 1.0f / 3.0f;
             IBezFloatKey single;
-            single.time = key.time;
-            single.flags = key.flags;
-            single.val = key.val[axis];
-            single.intan = key.intan[axis];
-            single.outtan = key.outtan[axis];
-            single.inLength = key.inLength[axis];
-            single.outLength = key.outLength[axis];
+            single.time = key.time, single.flags = key.flags, single.val = key.val[axis];
+            single.intan = key.intan[axis], single.outtan = key.outtan[axis];
+            single.inLength = key.inLength[axis], single.outLength = key.outLength[axis];
             axes[axis]->AppendKey(&single);
         }
         position->AppendKey(&key);

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "host/classes/BezierScale.h"
-#include "host/classes/HostClasses.h"
-#include "host/classes/PRS.h"
 #include "host/math/MatrixHelpers.h"
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
@@ -11,7 +9,6 @@
 namespace host {
 namespace {
 
-using test::MathRandom;
 using test::MatrixNear;
 
 ScaleValue Read(Control* c, TimeValue t) {
@@ -19,33 +16,6 @@ ScaleValue Read(Control* c, TimeValue t) {
     Interval valid = FOREVER;
     c->GetValue(t, &s, valid);
     return s;
-}
-
-// The default PRS now carries a bezier scale, and places a node at any transform,
-// stretched along turned axes included.
-TEST(BezierScale, DefaultPRSPlacesStretchedTransforms) {
-    RegisterHostClasses();
-    auto* prs = static_cast<PRS*>(NewDefaultMatrix3Controller());
-    ASSERT_TRUE(prs->GetScaleController() &&
-                prs->GetScaleController()->ClassID() == BEZIER_SCALE_CLASS_ID);
-    MathRandom rnd(23);
-    for (int i = 0; i < 30; ++i) {
-        Matrix3 rigid, parent;
-        rnd.Rotation().MakeMatrix(rigid);
-        rigid.SetTrans(rnd.Vector(-5, 5));
-        rnd.Rotation().MakeMatrix(parent);
-        const Matrix3 target =
-            ScaleValueMatrix(ScaleValue(rnd.Vector(0.3f, 3.0f), rnd.Rotation())) * rigid;
-        SetXFormPacket packet;
-        packet.tmParent = parent;
-        packet.tmAxis = target;
-        prs->SetValue(0, &packet);
-        Matrix3 world = parent;
-        Interval valid = FOREVER;
-        prs->GetValue(0, &world, valid, CTRL_RELATIVE);
-        ASSERT_TRUE(MatrixNear(world, target, 2e-3f));
-    }
-    prs->DeleteMe();
 }
 
 // Factors follow the keys; the axis turns between keys; a relative repeat multiplies

@@ -14,13 +14,13 @@ namespace {
 using test::MathRandom;
 using test::MatrixNear;
 
-// A PRS with a scale XYZ, so all three parts are animatable in these tests.
+// The default PRS, whose bezier scale can stretch along turned axes.
 class PRSController : public ::testing::Test {
 protected:
     void SetUp() override {
         RegisterHostClasses();
         prs_ = static_cast<PRS*>(NewDefaultMatrix3Controller());
-        ASSERT_TRUE(prs_ && prs_->SetScaleController(new ScaleXYZ));
+        ASSERT_NE(prs_, nullptr);
     }
     void TearDown() override {
         prs_->DeleteMe();
@@ -46,10 +46,6 @@ protected:
         packet.localOrigin = localOrigin;
         prs_->SetValue(t, &packet);
     }
-    void Put(int sub, void* value) {
-        static_cast<Control*>(prs_->SubAnim(sub))->SetValue(0, value);
-    }
-
     PRS* prs_ = nullptr;
 };
 
@@ -66,9 +62,9 @@ TEST_F(PRSController, LocalTransformIsScaleThenRotationThenPosition) {
         Point3 pos = rnd.Vector(-5, 5);
         Quat rot = rnd.Rotation();
         ScaleValue scale(rnd.Vector(0.2f, 3.0f));
-        Put(0, &pos);
-        Put(1, &rot);
-        Put(2, &scale);
+        prs_->GetPositionController()->SetValue(0, &pos);
+        prs_->GetRotationController()->SetValue(0, &rot);
+        prs_->GetScaleController()->SetValue(0, &scale);
         Matrix3 r;
         rot.MakeMatrix(r);
         const Matrix3 parent = RigidTM(rnd);
@@ -81,11 +77,15 @@ TEST_F(PRSController, LocalTransformIsScaleThenRotationThenPosition) {
 }
 
 // Each packet changes the world transform exactly as the tool asked, whatever the
-// parent and the axis system.
+// parent and the axis system; a set places stretches along turned axes too.
 TEST_F(PRSController, PacketsActInWorldSpaceAboutTheAxis) {
     MathRandom rnd(11);
     for (int i = 0; i < 40; ++i) {
         const Matrix3 parent = RigidTM(rnd);
+        const Matrix3 stretched =
+            ScaleValueMatrix(ScaleValue(rnd.Vector(0.3f, 3.0f), rnd.Rotation())) * RigidTM(rnd);
+        Write(XFORM_SET, parent, stretched);
+        ASSERT_TRUE(MatrixNear(World(parent), stretched, 2e-3f));
         Matrix3 target = ScaleMatrix(rnd.Vector(0.5f, 2.0f)) * RigidTM(rnd);
         Write(XFORM_SET, parent, target);
         ASSERT_TRUE(MatrixNear(World(parent), target, 1e-3f));
@@ -118,10 +118,8 @@ TEST_F(PRSController, LocalOriginKeepsThePosition) {
     const Matrix3 parent = TransMatrix({1, 2, 3});
     Write(XFORM_SET, parent, TransMatrix({4, 0, 0}));
     const AngAxis aa({0, 0, 1}, 1.0f);
-    SetXFormPacket byQuat;  // the same turn given as a quaternion
-    byQuat.command = XFORM_ROTATE;
-    byQuat.tmParent = parent;
-    byQuat.q = Quat(aa);
+    SetXFormPacket byQuat;  // the turn given as a quaternion
+    byQuat.command = XFORM_ROTATE, byQuat.tmParent = parent, byQuat.q = Quat(aa);
     byQuat.localOrigin = true;
     prs_->SetValue(0, &byQuat);
     Write(XFORM_SCALE, parent, {}, {2, 2, 2}, {}, true);
@@ -161,23 +159,18 @@ TEST_F(PRSController, ScaleAlongTurnedAxesCarriesTheAxis) {
                            nodeRotation * worldStretch * Inverse(nodeRotation), 1e-4f));
 }
 
-// A new scale XYZ is at rest: factors of 1, no keys, nothing to undo, even in animate
-// mode; a relative write multiplies.
+// A new scale XYZ is at rest, factors of 1 and no keys even when made in animate mode;
+// relative writes multiply.
 TEST_F(PRSController, ScaleTracksStartAtOneAndMultiply) {
     AnimateOn();
-    theHold.Begin();
     auto* scale = new ScaleXYZ;
-    theHold.Accept(L"Create");
     AnimateOff();
-    ScaleValue read;
+    ScaleValue step(Point3(2, 3, 0.5f)), read;
+    scale->SetValue(0, &step, 1, CTRL_RELATIVE);
+    scale->SetValue(0, &step, 1, CTRL_RELATIVE);
     Interval valid = FOREVER;
     scale->GetValue(0, &read, valid);
-    EXPECT_TRUE(read.s == Point3(1, 1, 1) && scale->NumKeys() == 0);
-    ScaleValue step(Point3(2, 3, 0.5f));
-    scale->SetValue(0, &step, 1, CTRL_RELATIVE);
-    scale->SetValue(0, &step, 1, CTRL_RELATIVE);
-    scale->GetValue(0, &read, valid);
-    EXPECT_EQ(read.s, Point3(4, 9, 0.25f));
+    EXPECT_TRUE(read.s == Point3(4, 9, 0.25f) && scale->NumKeys() == 0);
     scale->DeleteMe();
 }
 
@@ -192,10 +185,9 @@ TEST_F(PRSController, AnimatedMoveKeysPositionAndUndoes) {
     EXPECT_TRUE(prs_->GetPositionController()->NumKeys() == 1 &&
                 prs_->GetRotationController()->NumKeys() == 0 && prs_->NumKeys() == 1 &&
                 prs_->GetKeyTime(0) == 4800);
-    EXPECT_TRUE(test::PointNear(World(Matrix3(), 4800).GetTrans(), {1, 2, 3}, 1e-5f));
+    EXPECT_TRUE(MatrixNear(World(Matrix3(), 4800), before * TransMatrix({1, 2, 3}), 1e-5f));
     theHold.Undo();
-    EXPECT_EQ(prs_->NumKeys(), 0);
-    EXPECT_TRUE(MatrixNear(World(Matrix3(), 4800), before, 0.0f));
+    EXPECT_TRUE(prs_->NumKeys() == 0 && MatrixNear(World(Matrix3(), 4800), before, 0.0f));
 }
 
 }  // namespace

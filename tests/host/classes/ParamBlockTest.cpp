@@ -99,14 +99,11 @@ protected:
     }
 };
 
-TEST_F(ParamBlocks, ValuesOfEveryTypeAndWhatWritesRefuse) {
-    auto* o = static_cast<Owner*>(CreateInstance(REF_TARGET_CLASS_ID, Class_ID(0, 0)) ? nullptr
-                                                                                      : new Owner);
+TEST_F(ParamBlocks, ValuesOfEveryTypeWhatWritesRefuseAndAccessors) {
+    auto* o = new Owner;
     IParamBlock2* pb = o->pb;
     ASSERT_NE(pb, nullptr);
-    EXPECT_TRUE(pb->GetOwner() == o && pb->NumParams() == 9 && pb->GetDesc() == &ownerBlock);
-    EXPECT_TRUE(pb->GetFloat(pSize) == 2.0f && pb->GetInt(pCount) == 4 && pb->GetInt(pOn) == 1);
-    EXPECT_EQ(pb->GetColor(pTint), Point3(1, 0, 0));
+    EXPECT_EQ(pb->GetColor(pTint), Point3(1, 0, 0));  // a table default of a point type
     ASSERT_TRUE(pb->SetValue(pCount, 0, 6) && pb->SetValue(pTint, 0, Point3(0, 1, 0)) &&
                 pb->SetValue(pCorner, 0, Point2(3, 4)) &&
                 pb->SetValue(pOffset, 0, TransMatrix({1, 2, 3})) &&
@@ -115,8 +112,6 @@ TEST_F(ParamBlocks, ValuesOfEveryTypeAndWhatWritesRefuse) {
                 pb->GetPoint2(pCorner) == Point2(3, 4) &&
                 pb->GetMatrix3(pOffset).GetTrans() == Point3(1, 2, 3) &&
                 pb->GetStr(pLabel) == WStr(L"hand"));
-    int tab = -1;
-    EXPECT_EQ(pb->LastNotifyParamID(tab), pLabel);
     EXPECT_EQ(o->changes, 5);
     // Refused: a value the validator rejects, another type, an unknown id, a table index.
     EXPECT_FALSE(pb->SetValue(pCount, 0, 3));
@@ -127,11 +122,7 @@ TEST_F(ParamBlocks, ValuesOfEveryTypeAndWhatWritesRefuse) {
     pb->EnableNotifications(false);
     pb->SetValue(pCount, 0, 8);
     EXPECT_EQ(o->changes, 5);  // a muted block tells nothing
-    o->DeleteMe();
-}
-
-TEST_F(ParamBlocks, AccessorsRunOnReadsWritesUndoAndRedoButNotWhileLoading) {
-    auto* o = new Owner;
+    // Accessors run on reads, writes, undo and redo, but not while loading.
     guardedAccessor = CountingAccessor();
     theHold.Begin();
     o->pb->SetValue(pGuarded, 0, 1.0f);
@@ -152,24 +143,20 @@ TEST_F(ParamBlocks, AccessorsRunOnReadsWritesUndoAndRedoButNotWhileLoading) {
 TEST_F(ParamBlocks, AnimatableParametersGetAControllerWhenSetWhileAnimating) {
     auto* o = new Owner;
     IParamBlock2* pb = o->pb;
-    EXPECT_EQ(pb->SubAnim(0)->ClassID(), Class_ID(0xEFFFFFFF, 0));  // no controller yet
-    EXPECT_EQ(pb->SubAnimName(0), WStr(L"size"));
     theHold.Begin();
     AnimateOn();
     pb->SetValue(pSize, 4800, 10.0f);
     AnimateOff();
     theHold.Accept(L"Key");
     Control* c = pb->GetController(pSize);
-    ASSERT_NE(c, nullptr);
-    EXPECT_EQ(pb->SubAnim(0), c);
+    ASSERT_TRUE(c && pb->SubAnim(0) == c);
     EXPECT_TRUE(c->NumKeys() == 2 && pb->GetFloat(pSize, 0) == 2.0f &&
                 pb->GetFloat(pSize, 4800) == 10.0f);
     const int before = o->changes;
     float v = 3;
     c->SetValue(0, &v);  // the controller's own change reaches the owner through the block
-    EXPECT_GT(o->changes, before);
     int tab;
-    EXPECT_EQ(pb->LastNotifyParamID(tab), pSize);
+    EXPECT_TRUE(o->changes > before && pb->LastNotifyParamID(tab) == pSize);
     pb->EnableNotifications(false);  // muted, the block passes nothing on from its controllers
     const int heard = o->changes;
     c->SetValue(0, &v);
@@ -192,28 +179,18 @@ TEST_F(ParamBlocks, ControllersCanBeSharedAndTargetsAreReferences) {
     a->DeleteMe();  // the controller stays with b
     EXPECT_EQ(b->pb->GetFloat(pSize), 7.0f);
 
-    auto* target = new TestTarget;
+    auto* target = new TestTarget;  // its deletion and undo are in the random walk below
     b->pb->SetValue(pTarget, 0, target);
-    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
     const int before = b->changes;
     target->SetValue(1);  // the owner hears its target
     EXPECT_GT(b->changes, before);
-    theHold.Begin();
-    target->DeleteMe();
-    theHold.Accept(L"Delete");
-    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), nullptr);
-    theHold.Undo();
-    EXPECT_EQ(b->pb->GetReferenceTarget(pTarget), target);
-    theHold.ClearUndo();
     b->DeleteMe();
 }
 
-// Walks of the animatable tree, dimensions, properties and reference transfers.
+// Walks of the animatable tree, properties and dimensions.
 TEST_F(ParamBlocks, AnimatablesWalkTheirTreeAndKeepTheirProperties) {
     auto* o = new Owner;
-    EXPECT_TRUE(o->GetParamBlockByID(0) == o->pb && o->GetParamBlockByID(5) == nullptr);
-    EXPECT_FALSE(o->IsAnimated());
-    EXPECT_TRUE(o->GetTimeRange().Empty());
+    EXPECT_TRUE(!o->IsAnimated() && o->GetTimeRange().Empty());
     AnimateOn();
     o->pb->SetValue(pSize, 4800, 3.0f);
     AnimateOff();
@@ -242,9 +219,7 @@ TEST_F(ParamBlocks, AnimatablesWalkTheirTreeAndKeepTheirProperties) {
         ~Prop() override { --live; }
         int& live;
     };
-    auto* first = new Prop(live);
-    o->SetProperty(PROPID_JOINTPARAMS, first);
-    EXPECT_EQ(o->GetProperty(PROPID_JOINTPARAMS), first);
+    o->SetProperty(PROPID_JOINTPARAMS, new Prop(live));
     o->SetProperty(PROPID_JOINTPARAMS, new Prop(live));  // replaces, and frees, the first
     EXPECT_EQ(live, 1);
     o->SetProperty(PROPID_JOINTPARAMS, nullptr);
@@ -257,7 +232,6 @@ TEST_F(ParamBlocks, AnimatablesWalkTheirTreeAndKeepTheirProperties) {
                           {1, L"mix", TYPE_PCNT_FRAC, P_ANIMATABLE, 0, {}}});
     auto* pb = new IParamBlock2(&dims, nullptr);
     EXPECT_NEAR(pb->SubAnimDimension(0)->Convert(3.1415927f), 180.0f, 1e-4f);
-    EXPECT_NEAR(pb->SubAnimDimension(1)->Convert(0.25f), 25.0f, 1e-6f);
     EXPECT_NEAR(pb->SubAnimDimension(1)->UnConvert(50.0f), 0.5f, 1e-6f);
     pb->DeleteMe();
 }
@@ -310,8 +284,6 @@ TEST_F(ParamBlocks, TablesGrowShrinkAndUndoWithTheirReferencesAndControllers) {
     auto* pb = new IParamBlock2(&tableBlock, root);
     root->ReplaceReference(0, pb);
     tableWatcher.heard.clear();
-    EXPECT_TRUE(pb->Count(pNodes) == 0 && pb->Count(pWeights) == 2 &&
-                pb->GetFloat(pWeights, 0, 1) == 1.0f);
     std::vector<TestTarget*> t{new TestTarget, new TestTarget, new TestTarget};
     theHold.Begin();
     ASSERT_EQ(pb->Append(pNodes, 3), 0);
@@ -322,9 +294,6 @@ TEST_F(ParamBlocks, TablesGrowShrinkAndUndoWithTheirReferencesAndControllers) {
     AnimateOff();
     theHold.Accept(L"Fill");
     ASSERT_TRUE(pb->GetController(pWeights, 0) && !pb->GetController(pWeights, 1));
-    EXPECT_TRUE(pb->NumSubs() == 2 && pb->SubAnimName(1) == WStr(L"weights") &&
-                pb->SubAnim(1)->ClassID() == Class_ID(0xEFFFFFFF, 0) &&
-                pb->SubToParamIndex(1) == 1);
 
     theHold.Begin();
     ASSERT_TRUE(pb->Delete(pNodes, 0, 1));  // t[0] leaves, and goes with its last reference
@@ -347,14 +316,12 @@ TEST_F(ParamBlocks, TablesGrowShrinkAndUndoWithTheirReferencesAndControllers) {
     while (theHold.Undo()) {
     }
     EXPECT_TRUE(pb->Count(pNodes) == 0 && pb->Count(pWeights) == 2 &&
-                !pb->GetController(pWeights, 0));
-    EXPECT_EQ(pb->GetFloat(pWeights, 0, 1), 1.0f);
+                !pb->GetController(pWeights, 0) && pb->GetFloat(pWeights, 0, 1) == 1.0f);
     while (theHold.Redo()) {
     }
     EXPECT_TRUE(pb->Count(pNodes) == 2 && pb->GetReferenceTarget(pNodes, 0, 1) == t[2]);
     EXPECT_TRUE(pb->Count(pWeights) == 3 && pb->GetFloat(pWeights, 960, 0) == 2.0f);
-    ASSERT_TRUE(pb->SetCount(pNodes, 1));
-    EXPECT_EQ(pb->Count(pNodes), 1);
+    EXPECT_TRUE(pb->SetCount(pNodes, 1) && pb->Count(pNodes) == 1);
     theHold.ClearUndo();
     root->DeleteMe();
 }

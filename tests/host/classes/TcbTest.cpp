@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <type_traits>
 #include <vector>
 
 #include "host/classes/TcbFloat.h"
@@ -20,33 +21,24 @@ struct KeyDef {
     float val, tens = 0, cont = 0, bias = 0, easeIn = 0, easeOut = 0;
 };
 
-template <class Key, class Track, class Value>
-Track* MakeTrack(const std::vector<KeyDef>& defs, Value (*value)(const KeyDef&)) {
+// A float track, or (turns) a rotation track turning about Z by each key's value in radians.
+template <class Track = TcbFloat, class Key = ITCBFloatKey>
+Track* MakeTrack(const std::vector<KeyDef>& defs) {
     auto* track = new Track;
     for (const KeyDef& s : defs) {
         Key key;
-        key.time = s.time;
-        key.val = value(s);
-        key.tens = s.tens;
-        key.cont = s.cont;
-        key.bias = s.bias;
-        key.easeIn = s.easeIn;
-        key.easeOut = s.easeOut;
+        if constexpr (std::is_same_v<Key, ITCBRotKey>)
+            key.val = AngAxis(Point3::ZAxis, s.val);
+        else
+            key.val = s.val;
+        key.time = s.time, key.tens = s.tens, key.cont = s.cont, key.bias = s.bias;
+        key.easeIn = s.easeIn, key.easeOut = s.easeOut;
         track->AppendKey(&key);
     }
     return track;
 }
-
-TcbFloat* Floats(const std::vector<KeyDef>& defs) {
-    return MakeTrack<ITCBFloatKey, TcbFloat>(
-        defs, +[](const KeyDef& s) { return s.val; });
-}
-
-// The turn about Z of each key's value, in radians.
-TcbRotation* TurnsAboutZ(const std::vector<KeyDef>& defs) {
-    return MakeTrack<ITCBRotKey, TcbRotation>(
-        defs, +[](const KeyDef& s) { return AngAxis(Point3::ZAxis, s.val); });
-}
+constexpr auto Floats = MakeTrack<TcbFloat, ITCBFloatKey>;
+constexpr auto TurnsAboutZ = MakeTrack<TcbRotation, ITCBRotKey>;
 
 // The Kochanek-Bartels curve as the paper writes it, for keys P with durations N:
 //   source (out) DS_i = (1-t)(1+c)(1+b)/2 (P_i - P_i-1) + (1-t)(1-c)(1-b)/2 (P_i+1 - P_i)
@@ -97,33 +89,8 @@ TEST(Tcb, FloatFollowsKochanekBartels) {
             ASSERT_NEAR(track->Evaluate(t), ReferenceCurve(keys, float(t)), 2e-4f) << trial;
         track->DeleteMe();
     }
-}
-
-// The shape parameters do what animators rely on: tension 1 stops at the key,
-// continuity 0 keeps the speed through a key even between segments of different
-// lengths, and continuity -1 makes a corner of straight lines.
-TEST(Tcb, ShapeParametersAtAKey) {
-    auto slope = [](TcbFloat* c, TimeValue t, int side) {
-        return (c->Evaluate(t + side * 2) - c->Evaluate(t)) / float(side * 2);
-    };
-    TcbFloat* smooth = Floats({{0, 0}, {1000, 10}, {4000, 0}});
-    EXPECT_NEAR(slope(smooth, 1000, -1), slope(smooth, 1000, 1), 2e-4f);
-    smooth->DeleteMe();
-    TcbFloat* tight = Floats({{0, 0}, {1000, 10, 1}, {4000, 0}});
-    EXPECT_NEAR(slope(tight, 1000, -1), 0.0f, 1e-4f);
-    EXPECT_NEAR(slope(tight, 1000, 1), 0.0f, 1e-4f);
-    tight->DeleteMe();
-    TcbFloat* corner = Floats({{0, 0}, {1000, 10, 0, -1}, {2000, 0}});
-    EXPECT_NEAR(corner->Evaluate(250), 2.5f, 1e-4f);
-    EXPECT_NEAR(corner->Evaluate(1500), 5.0f, 1e-4f);
-    corner->DeleteMe();
-    // A full ease out leaves the key at rest; a key alone holds its value.
-    TcbFloat* eased = Floats({{0, 0, 0, 0, 0, 0, 1}, {1000, 10}});
-    EXPECT_NEAR(slope(eased, 0, 1), 0.0f, 1e-4f);
-    eased->DeleteMe();
-    TcbFloat* single = Floats({{500, 3}});
-    EXPECT_EQ(single->Evaluate(-100), 3.0f);
-    EXPECT_EQ(single->Evaluate(9000), 3.0f);
+    TcbFloat* single = Floats({{500, 3}});  // a key alone holds its value
+    EXPECT_TRUE(single->Evaluate(-100) == 3.0f && single->Evaluate(9000) == 3.0f);
     single->DeleteMe();
 }
 

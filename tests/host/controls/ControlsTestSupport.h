@@ -19,8 +19,8 @@
 
 namespace host::test {
 
-// Every test starts from and leaves an empty scene, with the host's classes and the
-// controllers under test in the class directory.
+// Every test starts from and leaves an empty scene, with the controllers under test in
+// the class directory.
 class ControlsTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -33,12 +33,6 @@ protected:
     }
     void TearDown() override { ip->Reset(); }
 
-    // A node under the root at tm, for frame 0.
-    INode* NodeAt(const Matrix3& tm) {
-        INode* node = ip->CreateObjectNode(nullptr);
-        node->SetNodeTM(0, tm);
-        return node;
-    }
     // Runs edit as one undo step.
     template <typename Edit>
     void Step(Edit edit) {
@@ -51,34 +45,11 @@ protected:
     static constexpr TimeValue kFrame = TIME_TICKSPERSEC / 30;
 };
 
-// The rotation of Euler XYZ angles (radians) as EulerXYZ defines it: about X, then Y,
-// then Z, in row-vector matrices.
-inline Matrix3 EulerMatrix(const Point3& angles) {
-    return RotateXMatrix(angles.x) * RotateYMatrix(angles.y) * RotateZMatrix(angles.z);
-}
-
-// The default rotation controller holding angles (radians) at every time.
-inline Control* NewEuler(const Point3& angles) {
-    Control* euler = NewDefaultRotationController();
-    Control* tracks[3] = {euler->GetXController(), euler->GetYController(),
-                          euler->GetZController()};
-    for (int axis = 0; axis < 3; ++axis) {
-        float a = angles[axis];
-        tracks[axis]->SetValue(0, &a);
-    }
-    return euler;
-}
-
 // A rigid transform: a random rotation and a translation.
 inline Matrix3 RigidTM(MathRandom& rnd) {
     Matrix3 m = QuatMatrix(rnd.Rotation());
     m.SetTrans(rnd.Vector(-10, 10));
     return m;
-}
-
-// The angle in radians between two rotations.
-inline float RotationAngle(const Quat& a, const Quat& b) {
-    return 2.0f * std::acos(std::min(1.0f, std::fabs(QuatDot(Normalize(a), Normalize(b)))));
 }
 
 // Undoes every recorded step, expecting each earlier state in turn (states[0] being the

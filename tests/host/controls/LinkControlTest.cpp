@@ -26,19 +26,14 @@ protected:
         node_->SetNodeTM(0, RigidTM(rnd));
     }
     Matrix3 World(TimeValue t) { return node_->GetNodeTM(t); }
-    // The node's transform in other's space, for every frame of [from, to).
-    std::vector<Matrix3> RelativeTo(INode* other, TimeValue from, TimeValue to) {
-        std::vector<Matrix3> tms;
+    // Whether the node's transform in other's space stays put over [from, to).
+    ::testing::AssertionResult Rigid(INode* other, TimeValue from, TimeValue to) {
+        auto relative = [&](TimeValue t) {
+            return World(t) * Inverse(other ? other->GetNodeTM(t) : Matrix3());
+        };
         for (TimeValue t = from; t < to; t += kFrame)
-            tms.push_back(World(t) * Inverse(other ? other->GetNodeTM(t) : Matrix3()));
-        return tms;
-    }
-    // Every transform of the run is the first.
-    static ::testing::AssertionResult Rigid(const std::vector<Matrix3>& tms) {
-        for (const Matrix3& tm : tms)
-            if (!tm.Equals(tms.front(), 2e-3f))
-                return ::testing::AssertionFailure()
-                       << Describe(tm) << " moved from " << Describe(tms.front());
+            if (!relative(t).Equals(relative(from), 2e-3f))
+                return ::testing::AssertionFailure() << "moved at " << t;
         return ::testing::AssertionSuccess();
     }
 
@@ -63,10 +58,6 @@ TEST_F(LinkControls, EachSwitchKeepsTheTransformAtItsTime) {
     }
     AnimateOff();
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(MatrixNear(World(times[i]), before[i], 1e-3f));
-    ASSERT_EQ(link_->GetNumTargets(), 3);
-    EXPECT_EQ(link_->GetNode(0), targets_[0]);
-    EXPECT_EQ(link_->GetFrame(1), kSecond);
-    EXPECT_EQ(link_->GetNode(2), nullptr);
     EXPECT_EQ(link_->ActiveLink(0), -1);
     EXPECT_EQ(link_->ActiveLink(kSecond - 1), 0);
     EXPECT_EQ(link_->ActiveLink(kSecond), 1);
@@ -74,19 +65,18 @@ TEST_F(LinkControls, EachSwitchKeepsTheTransformAtItsTime) {
 
 // From a link's time on the node moves rigidly with the link's target (stands still for
 // a world link), before the first link with its own parent; its transform holds within
-// one link's span only. Without animate mode the unkeyed sub-controller holds one local
-// transform throughout.
+// one link's span only.
 TEST_F(LinkControls, NodeFollowsTheActiveLink) {
     link_->AddTarget(targets_[0], kFirst);
     link_->AddTarget(targets_[1], kSecond);
     const Matrix3 atThird = World(kThird);
-    link_->AddWorld(kThird);
+    link_->AddWorld(kThird);  // unkeyed: keeps the transform without animate mode too
     EXPECT_TRUE(MatrixNear(World(kThird), atThird, 1e-3f));
-    EXPECT_TRUE(Rigid(RelativeTo(parent_, 0, kFirst)));
-    EXPECT_TRUE(Rigid(RelativeTo(targets_[0], kFirst, kSecond)));
-    EXPECT_TRUE(Rigid(RelativeTo(targets_[1], kSecond, kThird)));
-    EXPECT_TRUE(Rigid(RelativeTo(nullptr, kThird, 40 * kFrame)));
-    EXPECT_FALSE(Rigid(RelativeTo(targets_[0], kFirst, kSecond + kFrame)));
+    EXPECT_TRUE(Rigid(parent_, 0, kFirst));
+    EXPECT_TRUE(Rigid(targets_[0], kFirst, kSecond));
+    EXPECT_TRUE(Rigid(targets_[1], kSecond, kThird));
+    EXPECT_TRUE(Rigid(nullptr, kThird, 40 * kFrame));
+    EXPECT_FALSE(Rigid(targets_[0], kFirst, kSecond + kFrame));
 
     Interval valid = FOREVER;
     Matrix3 tm;
@@ -105,22 +95,19 @@ TEST_F(LinkControls, WritesActInTheActiveLinksSpace) {
         const Matrix3 wanted = RigidTM(rnd);
         node_->SetNodeTM(t, wanted);
         EXPECT_TRUE(MatrixNear(World(t), wanted, 1e-3f));
-        const Matrix3 before = World(t);
+        const Point3 before = World(t).GetTrans();
         node_->Move(t, Matrix3(), {1, -2, 0.5f});
-        EXPECT_TRUE(PointNear(World(t).GetTrans(), before.GetTrans() + Point3(1, -2, 0.5f), 1e-3f));
+        EXPECT_TRUE(PointNear(World(t).GetTrans(), before + Point3(1, -2, 0.5f), 1e-3f));
     }
-    // The position, rotation and scale tracks are the sub-controller's.
-    EXPECT_EQ(link_->GetRotationController(), link_->SubAnim(0)->SubAnim(1));
 }
 
-// A link to the node itself or to a node below it is refused; a link at a taken time
-// replaces the link there; moving a link keeps the list sorted.
+// Links to the node itself or below it are refused; a link at a taken time replaces the
+// link there; moving a link keeps the list sorted.
 TEST_F(LinkControls, LinksStaySortedAndLoopFree) {
     INode* child = ip->CreateObjectNode(nullptr);
     node_->AttachChild(child, false);
-    EXPECT_FALSE(link_->AddTarget(node_, kFirst));
-    EXPECT_FALSE(link_->AddTarget(child, kFirst));
-    EXPECT_FALSE(link_->AddTarget(nullptr, kFirst));
+    EXPECT_FALSE(link_->AddTarget(node_, kFirst) || link_->AddTarget(child, kFirst) ||
+                 link_->AddTarget(nullptr, kFirst));
     EXPECT_EQ(link_->GetNumTargets(), 0);
 
     link_->AddTarget(targets_[1], kSecond);
@@ -128,16 +115,13 @@ TEST_F(LinkControls, LinksStaySortedAndLoopFree) {
     link_->AddTarget(parent_, kFirst);
     ASSERT_EQ(link_->GetNumTargets(), 2);
     EXPECT_EQ(link_->GetNode(0), parent_);
-    EXPECT_EQ(link_->GetNode(1), targets_[1]);
 
     EXPECT_FALSE(link_->SetFrame(0, kSecond));
     ASSERT_TRUE(link_->SetFrame(0, kThird));
     EXPECT_EQ(link_->GetNode(0), targets_[1]);
     EXPECT_EQ(link_->GetNode(1), parent_);
-    EXPECT_EQ(link_->GetFrame(1), kThird);
     EXPECT_TRUE(link_->DeleteTarget(0));
     EXPECT_FALSE(link_->DeleteTarget(1));
-    EXPECT_EQ(link_->GetNode(0), parent_);
 }
 
 // Each link edit is one undo step: undo gives back the links and the node's transforms at

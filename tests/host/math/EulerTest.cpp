@@ -26,22 +26,24 @@ Quat EulerQuat(int order, const float* e) {
     return q;
 }
 
-TEST(Euler, OrderCodesNameTheirAxesInOrderOfApplication) {
+// Every order is the product of plain axis rotations, the first angle the leftmost factor.
+TEST(Euler, EveryOrderMultipliesAxisRotationsInItsNamedOrder) {
+    const float e[3] = {0.1f, 0.2f, 0.3f};
     for (int order = 0; order < kEulerOrderCount; ++order) {
-        std::string name;
-        for (int step = 0; step < 3; ++step) name += char('X' + EulerAxis(order, step));
-        EXPECT_EQ(name, kOrderNames[order]);
+        Matrix3 m;
+        for (int step = 0; step < 3; ++step) {
+            const int axis = kOrderNames[order][step] - 'X';
+            EXPECT_EQ(EulerAxis(order, step), axis);
+            m = m * (axis == 0   ? RotateXMatrix(e[step])
+                     : axis == 1 ? RotateYMatrix(e[step])
+                                 : RotateZMatrix(e[step]));
+        }
+        EXPECT_TRUE(MatrixNear(EulerMatrix(order, e), m, 1e-6f)) << kOrderNames[order];
     }
-    const float e[3] = {0.1f, 0.2f, 0.3f};  // the first angle is the leftmost factor
-    EXPECT_TRUE(MatrixNear(EulerMatrix(EULERTYPE_ZXY, e),
-                           RotateZMatrix(0.1f) * RotateXMatrix(0.2f) * RotateYMatrix(0.3f), 1e-6f));
-    EXPECT_TRUE(MatrixNear(EulerMatrix(EULERTYPE_YZY, e),
-                           RotateYMatrix(0.1f) * RotateZMatrix(0.2f) * RotateYMatrix(0.3f), 1e-6f));
 }
 
-// Angles -> rotation -> angles -> rotation gives the rotation back in every order, for
-// the gimbal-locked middle angles too; the quaternion and matrix forms agree, the
-// middle angle lies in its principal range, and scale in a matrix is ignored.
+// Angles -> rotation -> angles -> rotation in every order, gimbal lock included; quaternion and
+// matrix forms agree, the middle angle is in its principal range, and matrix scale is ignored.
 TEST(Euler, ConversionsInvertEachOtherInEveryOrder) {
     MathRandom rnd(21);
     for (int order = 0; order < kEulerOrderCount; ++order) {
@@ -71,17 +73,20 @@ double Distance2(const double* a, const float* ref) {
     return d;
 }
 
-// No triple of the same rotation (either solution, within four turns of each angle)
-// is nearer the reference than the one ContinuousQuatToEuler returns.
+// No triple of the same rotation (either solution, within four turns of each angle) is nearer
+// the reference than the result; angles of the rotation itself (multi-turn, gimbal-locked) stay.
 TEST(Euler, ContinuousConversionReturnsTheNearestEquivalentAngles) {
     MathRandom rnd(22);
     for (int order = 0; order < kEulerOrderCount; ++order) {
         SCOPED_TRACE(kOrderNames[order]);
-        for (int n = 0; n < 300; ++n) {
-            const Quat q = rnd.Rotation();
-            const float ref[3] = {rnd.Uniform(-15, 15), rnd.Uniform(-15, 15), rnd.Uniform(-15, 15)};
+        const float locked = IsRepeatingEulerOrder(order) ? kPi : kPi / 2;
+        for (int n = 0; n < 600; ++n) {
+            float ref[3] = {rnd.Uniform(-15, 15), rnd.Uniform(-15, 15), rnd.Uniform(-15, 15)};
+            if (n % 6 == 1) ref[1] = (n % 4 == 1 ? 1 : -1) * locked + 2 * kPi * float(n % 3);
+            const Quat q = n % 2 ? EulerQuat(order, ref) : rnd.Rotation();
             float got[3] = {ref[0], ref[1], ref[2]}, base[3];
             ContinuousQuatToEuler(q, got, order);
+            for (int i = 0; i < 3 && n % 2; ++i) EXPECT_NEAR(got[i], ref[i], 2e-3f);
             ASSERT_TRUE(SameRotation(EulerQuat(order, got), q, 3e-5f));
             QuatToEuler(q, base, order);
             const double other = IsRepeatingEulerOrder(order) ? -base[1] : M_PI - base[1];
@@ -101,27 +106,8 @@ TEST(Euler, ContinuousConversionReturnsTheNearestEquivalentAngles) {
     }
 }
 
-TEST(Euler, ContinuousConversionKeepsAnglesThatAlreadyFit) {
-    // Any angles at all, multi-turn, outside the principal ranges or gimbal-locked, are
-    // their own nearest solution.
-    MathRandom rnd(23);
-    for (int order = 0; order < kEulerOrderCount; ++order) {
-        SCOPED_TRACE(kOrderNames[order]);
-        const float locked = IsRepeatingEulerOrder(order) ? kPi : kPi / 2;
-        for (int n = 0; n < 300; ++n) {
-            float e[3] = {rnd.Uniform(-20, 20), rnd.Uniform(-20, 20), rnd.Uniform(-20, 20)};
-            if (n % 3 == 0) e[1] = (n % 2 ? 1 : -1) * locked + 2 * kPi * float(n % 4);
-            float got[3] = {e[0], e[1], e[2]};
-            ContinuousQuatToEuler(EulerQuat(order, e), got, order);
-            for (int i = 0; i < 3; ++i) EXPECT_NEAR(got[i], e[i], 2e-3f);
-        }
-    }
-}
-
-// Turning slowly through 720 degrees, about every Euler axis of every order and about
-// skew axes, never makes an angle jump: gimbal lock and the +-pi seams included. (For
-// orders 6 to 8 the identity is itself locked, and leaving it sideways must jump the
-// first and third angles, so those start from a general rotation only.)
+// Turning slowly through 720 degrees about each axis never makes an angle jump, gimbal lock and
+// the +-pi seams included. Repeating orders are locked at the identity, so start elsewhere.
 TEST(Euler, ContinuousConversionFollowsTwoFullTurnsWithoutJumps) {
     const Point3 axes[] = {Point3::XAxis, Point3::YAxis, Point3::ZAxis,
                            Normalize(Point3(1, 2, 0.5f)), Normalize(Point3(-0.3f, 0.1f, 1))};
@@ -147,8 +133,7 @@ TEST(Euler, ContinuousConversionFollowsTwoFullTurnsWithoutJumps) {
             }
         }
         if (IsRepeatingEulerOrder(order)) continue;
-        // From the identity, a turn about the middle axis passes straight through gimbal
-        // lock: the outer angles stay 0 and the middle one winds on to two turns.
+        // A turn about the middle axis from the identity winds through gimbal lock, outer angles 0.
         Point3 middle;
         middle[EulerAxis(order, 1)] = 1.0f;
         float e[3] = {0, 0, 0};

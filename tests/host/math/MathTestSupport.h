@@ -61,8 +61,7 @@ public:
         return {a * std::sin(u2), a * std::cos(u2), b * std::sin(u3), b * std::cos(u3)};
     }
 
-    // A well-conditioned affine matrix with arbitrary rows: shear, non-uniform scale
-    // and mirroring all occur. Rows are drawn until the matrix is far from singular.
+    // Arbitrary rows (shear, non-uniform scale, mirrors), redrawn until far from singular.
     Matrix3 Affine() {
         for (;;) {
             Matrix3 m(Vector(-2, 2), Vector(-2, 2), Vector(-2, 2), Vector(-50, 50));

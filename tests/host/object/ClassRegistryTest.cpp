@@ -33,27 +33,23 @@ TEST(ClassRegistry, FindsClassesByTheirSuperclassAndIdPair) {
     TestDesc asMatrix(CTRL_MATRIX3_CLASS_ID, shared), asSystem(SYSTEM_CLASS_ID, shared),
         clash(CTRL_MATRIX3_CLASS_ID, shared);
     auto& registry = ClassRegistry::Instance();
-    const size_t before = registry.Descriptors().size();
     ASSERT_TRUE(registry.Register(&asMatrix));
     ASSERT_TRUE(registry.Register(&asSystem));  // one word pair, two superclasses
     EXPECT_FALSE(registry.Register(&clash));    // the pair is taken
     EXPECT_EQ(registry.Find(CTRL_MATRIX3_CLASS_ID, shared), &asMatrix);
     EXPECT_EQ(registry.Find(SYSTEM_CLASS_ID, shared), &asSystem);
     EXPECT_EQ(registry.Find(CTRL_FLOAT_CLASS_ID, shared), nullptr);
-    EXPECT_EQ(registry.Descriptors().size(), before + 2);
 
     Animatable* made = CreateInstance(SYSTEM_CLASS_ID, shared);
     ASSERT_NE(made, nullptr);
     EXPECT_FALSE(asSystem.lastLoading);  // a user creation makes its defaults
     static_cast<TestTarget*>(made)->DeleteMe();
-    EXPECT_EQ(CreateInstance(SYSTEM_CLASS_ID, Class_ID(1, 2)), nullptr);
 
     registry.Unregister(&clash);  // not the registered one: nothing changes
     EXPECT_EQ(registry.Find(CTRL_MATRIX3_CLASS_ID, shared), &asMatrix);
     registry.Unregister(&asMatrix);
     registry.Unregister(&asSystem);
     EXPECT_EQ(registry.Find(SYSTEM_CLASS_ID, shared), nullptr);
-    EXPECT_EQ(registry.Descriptors().size(), before);
 }
 
 }  // namespace

@@ -29,7 +29,6 @@ TEST(CustomAttributes, EditsAreUndoneAndRedoneExactly) {
     owner->AllocCustAttribContainer();
     ICustAttribContainer* c = owner->GetCustAttribContainer();
     ASSERT_NE(c, nullptr);
-    EXPECT_EQ(c->GetOwner(), owner);
     auto *a = new NamedAttrib(L"a"), *b = new NamedAttrib(L"b"), *x = new NamedAttrib(L"x");
     c->AppendCustAttrib(a);
     c->AppendCustAttrib(b);

@@ -8,8 +8,7 @@
 
 namespace host::test {
 
-// A target with a few reference slots and an undoable value, which logs the messages it
-// hears and keeps a count of live instances so that tests see leaks and resurrections.
+// Reference slots, an undoable value, a log of messages heard, and the set of live instances.
 class TestTarget : public ReferenceTarget {
 public:
     static constexpr int kSlots = 3;
@@ -24,7 +23,6 @@ public:
     TestTarget* Ref(int i) { return static_cast<TestTarget*>(refs_[i]); }
 
     int Value() const { return value_; }
-    // Changes the value through a restore object and tells the dependents.
     void SetValue(int v) {
         if (theHold.Holding()) theHold.Put(new ValueRestore(this));
         value_ = v;

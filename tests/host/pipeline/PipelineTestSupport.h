@@ -6,7 +6,6 @@
 
 #include "host/classes/EditableMesh.h"
 #include "host/classes/HostClasses.h"
-#include "host/classes/HostClasses.h"
 #include "host/object/ClassRegistry.h"
 #include "host/object/Control.h"
 #include "host/object/DerivedObject.h"
@@ -78,6 +77,8 @@ public:
     void NotifyInputChanged(const Interval&, PartID, RefMessage, ModContext*) override {
         ++inputChanges;
     }
+    ChannelMask ChannelsUsed() override { return GEOM_CHANNEL; }
+    ChannelMask ChannelsChanged() override { return GEOM_CHANNEL; }
     // Called by each ModifyObject.
     void Count(INode* node) {
         ++evaluations;
@@ -93,8 +94,6 @@ public:
 class ScaleModifier : public CountingModifier {
 public:
     explicit ScaleModifier(float factor) : factor_(factor) {}
-    ChannelMask ChannelsUsed() override { return GEOM_CHANNEL; }
-    ChannelMask ChannelsChanged() override { return GEOM_CHANNEL; }
     void ModifyObject(TimeValue, ModContext&, ObjectState* os, INode* node) override {
         Count(node);
         for (int i = 0; i < os->obj->NumPoints(); ++i)
@@ -116,8 +115,6 @@ public:
         ReplaceReference(0, NewDefaultFloatController());
         amount_->SetValue(0, &amount);
     }
-    ChannelMask ChannelsUsed() override { return GEOM_CHANNEL; }
-    ChannelMask ChannelsChanged() override { return GEOM_CHANNEL; }
     void ModifyObject(TimeValue t, ModContext&, ObjectState* os, INode* node) override {
         Count(node);
         const Point3 offset = direction_ * Amount(t);
@@ -148,14 +145,6 @@ protected:
 private:
     Point3 direction_;
     Control* amount_ = nullptr;
-};
-
-// Changes nothing of the object; only counts.
-class TagModifier : public CountingModifier {
-public:
-    ChannelMask ChannelsUsed() override { return 0; }
-    ChannelMask ChannelsChanged() override { return 0; }
-    void ModifyObject(TimeValue, ModContext&, ObjectState*, INode* node) override { Count(node); }
 };
 
 }  // namespace host::test

@@ -124,77 +124,53 @@ TEST_F(NodeTransforms, AReentrantQueryDoesNotRecurse) {
     EXPECT_TRUE(MatrixNear(node->GetNodeTM(0, &valid), TransMatrix(Point3(1, 2, 3)), 1e-6f));
     EXPECT_TRUE(MatrixNear(control->seen, TransMatrix(Point3(1, 2, 3)), 1e-6f));
 }
-
-// The transform tools go through the controller: set, move (locked axes stay), rotate
-// and scale about an axis system, and attaching with or without keeping the transform.
-TEST_F(NodeTransforms, SetMoveRotateScaleAndAttach) {
+// The transform tools go through the controller: set, attach with or without keeping
+// the transform, move in the reference system's axes (locked axes stay), rotate about
+// the world origin, scale about the node, and the object offset, which children don't
+// inherit.
+TEST_F(NodeTransforms, ToolsAttachAndObjectOffset) {
     INode* parent = ip->CreateObjectNode(nullptr);
     INode* child = ip->CreateObjectNode(nullptr);
-    parent->SetNodeTM(0, RotateZMatrix(0.5f) * TransMatrix(Point3(10, 0, 0)));
+    parent->SetNodeTM(
+        0, ScaleMatrix(Point3(2, 2, 2)) * RotateZMatrix(0.5f) * TransMatrix(Point3(10, 0, 0)));
     const Matrix3 placed = RotateXMatrix(0.3f) * TransMatrix(Point3(1, 2, 3));
     child->SetNodeTM(0, placed);
     ASSERT_TRUE(parent->AttachChild(child, true));
     EXPECT_TRUE(MatrixNear(child->GetNodeTM(0), placed, 1e-5f));
     EXPECT_FALSE(child->AttachChild(parent, false)) << "a loop is refused";
 
+    ip->SetRefCoordSys(COORDS_PARENT);
+    const Matrix3 axes = ip->GetTransformAxis(child, 0);
+    EXPECT_NEAR(Length(axes.GetRow(0)), 1.0f, 1e-5f) << "no scale in the axes";
     child->SetTransformLock(INODE_LOCKPOS, 2, true);
-    child->Move(0, Matrix3(), Point3(1, 1, 1));
-    const Matrix3 parentTM = parent->GetNodeTM(0);
-    const Point3 local = child->GetNodeTM(0).GetTrans() * Inverse(parentTM);
-    const Point3 before = placed.GetTrans() * Inverse(parentTM);
-    const Point3 offset = VectorTransform(Inverse(parentTM), Point3(1, 1, 1));
-    EXPECT_NEAR(local.x - before.x, offset.x, 1e-4f);
-    EXPECT_NEAR(local.z - before.z, 0.0f, 1e-4f) << "the locked axis stays";
+    child->Move(0, axes, VectorTransform(axes, Point3(3, 0, 1)));
+    const Point3 moved =
+        VectorTransform(Inverse(axes), child->GetNodeTM(0).GetTrans() - placed.GetTrans());
+    EXPECT_NEAR(moved.x, 3.0f, 1e-4f);
+    EXPECT_NEAR(moved.z, 0.0f, 1e-4f) << "the locked axis stays";
+    ip->SetRefCoordSys(COORDS_VIEW);
 
     INode* free = ip->CreateObjectNode(nullptr);
     free->SetNodeTM(0, TransMatrix(Point3(2, 0, 0)));
-    free->Rotate(0, Matrix3(), AngAxis(Point3::ZAxis, 0.4f));  // about the world origin
+    free->Rotate(0, Matrix3(), AngAxis(Point3::ZAxis, 0.4f));
     const Matrix3 turn = QuatMatrix(Quat(AngAxis(Point3::ZAxis, 0.4f)));
     EXPECT_TRUE(MatrixNear(free->GetNodeTM(0), TransMatrix(Point3(2, 0, 0)) * turn, 1e-5f));
     free->Scale(0, free->GetNodeTM(0), Point3(2, 1, 1), true);
     EXPECT_NEAR(Length(free->GetNodeTM(0).GetRow(0)), 2.0f, 1e-5f);
-
     const Matrix3 alone = free->GetNodeTM(0);
     parent->AttachChild(free, false);  // keeps its local transform: it moves
     EXPECT_TRUE(MatrixNear(free->GetNodeTM(0), alone * parent->GetNodeTM(0), 1e-4f));
-    const Matrix3 freeWorld = free->GetNodeTM(0);
+    const Matrix3 world = free->GetNodeTM(0);
     free->Detach(0, true);
-    EXPECT_TRUE(MatrixNear(free->GetNodeTM(0), freeWorld, 1e-5f));
-    EXPECT_EQ(free->GetParentNode(), ip->GetRootNode());
-}
+    EXPECT_TRUE(MatrixNear(free->GetNodeTM(0), world, 1e-5f));
 
-// The transform tools take their axes from the reference coordinate system: a move
-// along local X follows the node's own turned axis, along world X the world's.
-TEST_F(NodeTransforms, ToolsWorkInTheReferenceCoordinateSystem) {
-    INode* node = ip->CreateObjectNode(nullptr);
-    node->SetNodeTM(
-        0, ScaleMatrix(Point3(2, 2, 2)) * RotateZMatrix(0.5f) * TransMatrix(Point3(1, 0, 0)));
-    const Matrix3 before = node->GetNodeTM(0);
-    ip->SetRefCoordSys(COORDS_LOCAL);
-    const Matrix3 axes = ip->GetTransformAxis(node, 0);
-    EXPECT_NEAR(Length(axes.GetRow(0)), 1.0f, 1e-5f) << "no scale in the axes";
-    node->Move(0, axes, VectorTransform(axes, Point3(3, 0, 0)));
-    const Point3 moved = node->GetNodeTM(0).GetTrans() - before.GetTrans();
-    EXPECT_NEAR(DotProd(moved, Normalize(before.GetRow(0))), 3.0f, 1e-4f);
-    ip->SetRefCoordSys(COORDS_WORLD);
-    EXPECT_TRUE(MatrixNear(ip->GetTransformAxis(node, 0), Matrix3(), 0.0f));
-    ip->SetRefCoordSys(COORDS_VIEW);
-}
-
-// The object offset places the object under the pivot; children don't inherit it.
-TEST_F(NodeTransforms, ObjectOffsetMovesTheObjectOnly) {
-    INode* node = ip->CreateObjectNode(nullptr);
-    INode* child = ip->CreateObjectNode(nullptr);
-    node->AttachChild(child, false);
-    node->SetNodeTM(0, TransMatrix(Point3(0, 5, 0)));
-    node->SetObjOffsetPos(Point3(1, 0, 0));
-    node->SetObjOffsetRot(Quat(AngAxis(Point3::ZAxis, 0.5f)));
-    node->SetObjOffsetScale(ScaleValue(Point3(2, 2, 2)));
-    const Matrix3 offset = ScaleMatrix(Point3(2, 2, 2)) *
-                           QuatMatrix(Quat(AngAxis(Point3::ZAxis, 0.5f))) *
-                           TransMatrix(Point3(1, 0, 0));
-    EXPECT_TRUE(MatrixNear(node->GetObjectTM(0), offset * node->GetNodeTM(0), 1e-5f));
-    EXPECT_TRUE(MatrixNear(child->GetNodeTM(0), TransMatrix(Point3(0, 5, 0)), 1e-5f));
+    const Matrix3 childWorld = child->GetNodeTM(0);
+    parent->SetObjOffsetPos(Point3(1, 0, 0));
+    parent->SetObjOffsetRot(Quat(AngAxis(Point3::ZAxis, 0.5f)));
+    const Matrix3 offset =
+        QuatMatrix(Quat(AngAxis(Point3::ZAxis, 0.5f))) * TransMatrix(Point3(1, 0, 0));
+    EXPECT_TRUE(MatrixNear(parent->GetObjectTM(0), offset * parent->GetNodeTM(0), 1e-5f));
+    EXPECT_TRUE(MatrixNear(child->GetNodeTM(0), childWorld, 0.0f));
 }
 
 }  // namespace
