@@ -94,25 +94,23 @@ size_t BezierChannel::Locate(TimeValue t) const {
 }
 
 float BezierChannel::InterpolateElsewhere(TimeValue t) const {
-    // Most often the next segment, which the last read fetched ahead.
+    // Most often the next segment.
     const size_t next = hint_ + 1;
-    const bool advanced = next < segments_.size() && t >= current_.end &&
-                          current_.end == segments_[next].start &&
+    const bool advanced = next < segments_.size() && t >= segments_[next].start &&
                           (t < segments_[next].end || next + 1 == segments_.size());
     const size_t k = advanced ? next : Locate(t);
     hint_ = k;
-    current_ = segments_[k];
-    // The segment after this one is the next one playback reads.
-    if (k + 1 < segments_.size()) __builtin_prefetch(&segments_[k + 1]);
-    const float s = float(t - current_.start) * current_.invDuration;
-    if (current_.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
-    return Cubic(current_, t);
+    // The line after this segment's is the next one playback reads.
+    if (k + 2 < segments_.size()) __builtin_prefetch(&segments_[k + 2]);
+    const Segment& segment = segments_[k];
+    const float s = float(t - segment.start) * segment.invDuration;
+    if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
+    return Cubic(segment, t);
 }
 
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
     hint_ = 0;
-    current_ = Segment{};
     segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
     for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];

@@ -33,10 +33,10 @@ public:
     // Takes the knots to read from, and builds the tables for reading them.
     void Set(std::vector<BezierKnot> knots);
     // The value at t, for t within the knots' times; at least two knots. Playback
-    // mostly reads the segment it read last, kept in the channel itself.
+    // mostly reads the segment it read last.
     float Interpolate(TimeValue t) const {
-        if (current_.invDuration != 0.0f && t >= current_.start && t < current_.end)
-            return Cubic(current_, t);
+        const Segment& last = segments_[hint_];
+        if (t >= last.start && t < last.end && last.invDuration != 0.0f) return Cubic(last, t);
         return InterpolateElsewhere(t);
     }
     // Beyond the first knot (before) or the last one, along its tangent.
@@ -53,7 +53,8 @@ private:
     // place: its start and end times and, for a segment whose handles sit at a third of its
     // duration, the cubic polynomial in the fraction of its duration. Other segments
     // (stepped, custom lengths, no duration) have invDuration 0 and read the knots.
-    struct Segment {
+    // Two segments share a cache line and none straddles two.
+    struct alignas(32) Segment {
         TimeValue start = 0, end = 0;
         float invDuration = 0.0f;
         float c[4] = {};
@@ -63,10 +64,10 @@ private:
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
     }
 
-    std::vector<BezierKnot> knots_;
-    std::vector<Segment> segments_;
+    // The fields a read touches come first.
     mutable size_t hint_ = 0;  // the segment of the last read
-    mutable Segment current_;  // and a copy of it
+    std::vector<Segment> segments_;
+    std::vector<BezierKnot> knots_;
 };
 
 }  // namespace host

@@ -43,9 +43,9 @@ void* EulerXYZ::GetInterface(uint32_t id) {
 }
 
 void EulerXYZ::ToAngles(const Point3& tracks, float* angles) const {
+    const bool repeating = IsRepeatingEulerOrder(order_);
     for (int step = 0; step < 3; ++step)
-        angles[step] =
-            IsRepeatingEulerOrder(order_) ? tracks[step] : tracks[EulerAxis(order_, step)];
+        angles[step] = repeating ? tracks[step] : tracks[EulerAxis(order_, step)];
 }
 
 Point3 EulerXYZ::FromAngles(const float* angles) const {

@@ -14,7 +14,7 @@ public:
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override {
-        const float v = this->Evaluate(t);
+        const float v = this->Inside(t) ? KeyedFloat::Interpolate(t) : this->Evaluate(t);
         this->NarrowValidity(t, valid);
         float* out = static_cast<float*>(val);
         *out = method == CTRL_RELATIVE ? *out + v : v;

@@ -14,7 +14,7 @@ public:
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override {
-        const Point3 p = this->Evaluate(t);
+        const Point3 p = this->Inside(t) ? KeyedPosition::Interpolate(t) : this->Evaluate(t);
         this->NarrowValidity(t, valid);
         if (method == CTRL_RELATIVE)
             static_cast<Matrix3*>(val)->PreTranslate(p);

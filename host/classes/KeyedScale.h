@@ -28,7 +28,7 @@ public:
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override {
-        const ScaleValue s = this->Evaluate(t);
+        const ScaleValue s = this->Inside(t) ? KeyedScale::Interpolate(t) : this->Evaluate(t);
         this->NarrowValidity(t, valid);
         if (method == CTRL_RELATIVE)
             ApplyScaling(*static_cast<Matrix3*>(val), s);

@@ -17,18 +17,22 @@ public:
     constexpr TimeValue Start() const { return start_; }
     constexpr TimeValue End() const { return end_; }
 
-    void Set(TimeValue start, TimeValue end);
+    void Set(TimeValue start, TimeValue end) {
+        start_ = start;
+        end_ = end;
+    }
     void SetStart(TimeValue start) { start_ = start; }
     void SetEnd(TimeValue end) { end_ = end; }
-    void SetInfinite();
-    void SetEmpty();
+    void SetInfinite() { Set(TIME_NegInfinity, TIME_PosInfinity); }
+    void SetEmpty() { Set(TIME_NegInfinity, TIME_NegInfinity); }
     void SetInstant(TimeValue t) { Set(t, t); }
 
     // True for the NEVER encoding and for any interval whose start lies after its end.
-    constexpr bool Empty() const {
-        return start_ > end_ || (start_ == TIME_NegInfinity && end_ == TIME_NegInfinity);
+    // (An end at -infinity is either NEVER or a start after it.)
+    constexpr bool Empty() const { return start_ > end_ || end_ == TIME_NegInfinity; }
+    constexpr bool InInterval(TimeValue t) const {
+        return start_ <= t && t <= end_ && end_ != TIME_NegInfinity;
     }
-    constexpr bool InInterval(TimeValue t) const { return !Empty() && start_ <= t && t <= end_; }
     // Number of ticks covered, counting both ends.
     constexpr int64_t Duration() const { return Empty() ? 0 : int64_t{end_} - int64_t{start_} + 1; }
 
@@ -41,6 +45,13 @@ public:
         end_ = end_ < other.end_ ? end_ : other.end_;
         if (Empty()) SetEmpty();
         return *this;
+    }
+    // Intersection with Interval(t, t), the validity of a value that changes at t.
+    void NarrowToInstant(TimeValue t) {
+        if (InInterval(t))
+            start_ = end_ = t;
+        else
+            SetEmpty();
     }
     friend Interval operator&(Interval a, const Interval& b) { return a &= b; }
 

@@ -142,17 +142,9 @@ void EulerToMatrix(const float* angles, Matrix3& m, int order) {
 }
 
 void PreRotateEuler(Matrix3& m, const float* angles, int order) {
-    order = CheckedOrder(order);
+    const int* axes = kAxes[CheckedOrder(order)];
     // R0 * R1 * R2 * m: the last rotation reaches m first.
-    for (int n = 2; n >= 0; --n) {
-        const int axis = kAxes[order][n];
-        if (axis == 0)
-            m.PreRotateX(angles[n]);
-        else if (axis == 1)
-            m.PreRotateY(angles[n]);
-        else
-            m.PreRotateZ(angles[n]);
-    }
+    for (int n = 2; n >= 0; --n) m.PreRotateAbout(axes[n], angles[n]);
 }
 
 void EulerToQuat(const float* angles, Quat& q, int order) {

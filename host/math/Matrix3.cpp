@@ -158,16 +158,6 @@ void Matrix3::RotateAxis(int a, int b, float angle) {
     flags_ &= ~ROT_IDENT;
 }
 
-// R * M: rows a and b of M are mixed; the translation stays.
-void Matrix3::PreRotateAxis(int a, int b, float angle) {
-    if (angle == 0.0f) return;
-    const float c = std::cos(angle), s = std::sin(angle);
-    const Point3 ra = rows_[a], rb = rows_[b];
-    rows_[a] = ra * c + rb * s;
-    rows_[b] = rb * c - ra * s;
-    flags_ &= ~ROT_IDENT;
-}
-
 void Matrix3::RotateX(float angle) {
     RotateAxis(1, 2, angle);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cassert>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -74,6 +75,10 @@ public:
     void PreRotateX(float angle);
     void PreRotateY(float angle);
     void PreRotateZ(float angle);
+    // Pre-rotation about the X (0), Y (1) or Z (2) axis.
+    void PreRotateAbout(int axis, float angle) {
+        PreRotateAxis(axis == 2 ? 0 : axis + 1, axis == 0 ? 2 : axis - 1, angle);
+    }
     // M * S(s); the translation row is scaled only when applyToTrans is set.
     void Scale(const Point3& s, bool applyToTrans = false);
     // S(s) * M; with applyToTrans the translation row is scaled by s as well.
@@ -106,7 +111,15 @@ private:
     Point3 rows_[4] = {Point3::XAxis, Point3::YAxis, Point3::ZAxis, Point3::Origin};
     uint32_t flags_ = MAT_IDENT;
 
-    void PreRotateAxis(int a, int b, float angle);
+    // R * M: rows a and b of M are mixed; the translation stays.
+    void PreRotateAxis(int a, int b, float angle) {
+        if (angle == 0.0f) return;
+        const float c = std::cos(angle), s = std::sin(angle);
+        const Point3 ra = rows_[a], rb = rows_[b];
+        rows_[a] = ra * c + rb * s;
+        rows_[b] = rb * c - ra * s;
+        flags_ &= ~ROT_IDENT;
+    }
     void RotateAxis(int a, int b, float angle);
     void ScaleDone(const Point3& s, bool applyToTrans);
     friend Matrix3 operator*(const Matrix3& a, const Matrix3& b);
