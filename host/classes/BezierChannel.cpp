@@ -94,14 +94,7 @@ size_t BezierChannel::Locate(TimeValue t) const {
 }
 
 float BezierChannel::InterpolateElsewhere(TimeValue t) const {
-    // Most often the next segment.
-    const size_t next = hint_ + 1;
-    const bool advanced = next < segments_.size() && t >= segments_[next].start &&
-                          (t < segments_[next].end || next + 1 == segments_.size());
-    const size_t k = advanced ? next : Locate(t);
-    hint_ = k;
-    // The line after this segment's is the next one playback reads.
-    if (k + 2 < segments_.size()) __builtin_prefetch(&segments_[k + 2]);
+    const size_t k = hint_ = Locate(t);
     const Segment& segment = segments_[k];
     const float s = float(t - segment.start) * segment.invDuration;
     if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);

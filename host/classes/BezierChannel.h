@@ -33,10 +33,15 @@ public:
     // Takes the knots to read from, and builds the tables for reading them.
     void Set(std::vector<BezierKnot> knots);
     // The value at t, for t within the knots' times; at least two knots. Playback
-    // mostly reads the segment it read last.
+    // reads the segment it read last or the next one.
     float Interpolate(TimeValue t) const {
-        const Segment& last = segments_[hint_];
-        if (t >= last.start && t < last.end && last.invDuration != 0.0f) return Cubic(last, t);
+        const Segment* segment = &segments_[hint_];
+        if (t >= segment->end && hint_ + 1 < segments_.size() && t < segment[1].end) {
+            ++segment;
+            if (++hint_ + 2 < segments_.size()) __builtin_prefetch(segment + 2);
+        }
+        if (t >= segment->start && t < segment->end && segment->invDuration != 0.0f)
+            return Cubic(*segment, t);
         return InterpolateElsewhere(t);
     }
     // Beyond the first knot (before) or the last one, along its tangent.
@@ -45,7 +50,7 @@ public:
 private:
     // The segment holding t: the one before the first knot's time for earlier times.
     size_t Locate(TimeValue t) const;
-    // Interpolate outside the last segment read.
+    // Interpolate after a jump, at the last knot, or in a segment read from the knots.
     float InterpolateElsewhere(TimeValue t) const;
     float SegmentValue(size_t k, TimeValue t) const;
 
