@@ -93,8 +93,15 @@ size_t BezierChannel::Locate(TimeValue t) const {
     return next == segments_.begin() ? 0 : size_t(next - segments_.begin()) - 1;
 }
 
+void BezierChannel::SetHint(size_t k) const {
+    hint_ = k;
+    start_ = segments_.empty() ? 0 : segments_[k].start;
+    end_ = segments_.empty() ? 0 : segments_[k].end;
+}
+
 float BezierChannel::InterpolateElsewhere(TimeValue t) const {
-    const size_t k = hint_ = Locate(t);
+    const size_t k = Locate(t);
+    SetHint(k);
     const Segment& segment = segments_[k];
     const float s = float(t - segment.start) * segment.invDuration;
     if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
@@ -103,7 +110,6 @@ float BezierChannel::InterpolateElsewhere(TimeValue t) const {
 
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
-    hint_ = 0;
     segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
     for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];
@@ -122,6 +128,7 @@ void BezierChannel::Set(std::vector<BezierKnot> knots) {
         segments_[k].c[2] = 3.0f * (p0 - 2.0f * p1 + p2);
         segments_[k].c[3] = p3 - p0 + 3.0f * (p1 - p2);
     }
+    SetHint(0);
 }
 
 float BezierChannel::ExtendLinear(bool before, TimeValue t) const {

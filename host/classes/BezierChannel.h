@@ -35,13 +35,9 @@ public:
     // The value at t, for t within the knots' times; at least two knots. Playback
     // reads the segment it read last or the next one.
     float Interpolate(TimeValue t) const {
-        const Segment* segment = &segments_[hint_];
-        if (t >= segment->end && hint_ + 1 < segments_.size() && t < segment[1].end) {
-            ++segment;
-            if (++hint_ + 2 < segments_.size()) __builtin_prefetch(segment + 2);
-        }
-        if (t >= segment->start && t < segment->end && segment->invDuration != 0.0f)
-            return Cubic(*segment, t);
+        if (t >= end_ && hint_ + 1 < segments_.size() && t < segments_[hint_ + 1].end) Advance();
+        const Segment& segment = segments_[hint_];
+        if (t >= start_ && t < end_ && segment.invDuration != 0.0f) return Cubic(segment, t);
         return InterpolateElsewhere(t);
     }
     // Beyond the first knot (before) or the last one, along its tangent.
@@ -69,8 +65,19 @@ private:
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
     }
 
-    // The fields a read touches come first.
-    mutable size_t hint_ = 0;  // the segment of the last read
+    // Moves the hint to the next segment.
+    void Advance() const {
+        ++hint_;
+        start_ = end_;
+        end_ = segments_[hint_].end;
+        if (hint_ + 2 < segments_.size()) __builtin_prefetch(&segments_[hint_ + 2]);
+    }
+    void SetHint(size_t k) const;
+
+    // The fields a read touches come first: the segment of the last read and its times,
+    // which decide whether the next read stays in it without touching the segments.
+    mutable TimeValue start_ = 0, end_ = 0;
+    mutable size_t hint_ = 0;
     std::vector<Segment> segments_;
     std::vector<BezierKnot> knots_;
 };

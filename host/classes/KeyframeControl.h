@@ -142,12 +142,6 @@ protected:
     // value changes; with a key at t that key; else every key moves by the change.
     void WriteValue(TimeValue t, const Value& v, int commit);
 
-private:
-    // What every read checks, placed first to share the cache lines a read touches anyway.
-    Interval span_ = NEVER;
-    bool stale_ = false;
-
-protected:
     std::vector<Key> keys_;
 
 private:
@@ -190,6 +184,10 @@ private:
     std::unique_ptr<State> tentative_;  // rare, so kept out of the way of reads
     Value value_{};
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
+    // What every read checks, last, to sit beside the curve tables' own read state that
+    // a subclass declares first.
+    Interval span_ = NEVER;
+    bool stale_ = false;
 };
 
 // The whole state before and after one hold's edits.

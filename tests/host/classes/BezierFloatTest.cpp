@@ -201,6 +201,8 @@ TEST(BezierFloat, ReadOrderDoesNotChangeValues) {
     for (TimeValue t = -200; t <= 4800; t += 160) times.push_back(t);            // forwards
     for (TimeValue t = 4700; t >= 0; t -= 130) times.push_back(t);               // backwards
     for (int i = 0; i < 60; ++i) times.push_back(TimeValue((i * 7919) % 4600));  // jumps
+    for (TimeValue t = 0; t < 4300; t += 170)
+        times.insert(times.end(), {t, t + 450, t});  // rocking
     for (TimeValue t : times) {
         BezierFloat* fresh = make();
         ASSERT_EQ(track->Evaluate(t), fresh->Evaluate(t)) << t;
