@@ -2,11 +2,14 @@
 
 #include "host/core/Interval.h"
 #include "host/object/Animatable.h"
+#include "host/object/IOResult.h"
 #include "host/object/RefMessages.h"
 
 namespace host {
 
 class ReferenceTarget;
+class ISave;
+class ILoad;
 
 // An object that refers to others. Its reference slots are class-implemented
 // (NumRefs, GetReference, SetReference); ReplaceReference is the one way logic changes
@@ -27,6 +30,14 @@ public:
     virtual RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget,
                                        PartID& partID, RefMessage message, bool propagate);
 
+    // The object's own state, as chunks of its class's ids. The scene writer saves the
+    // references itself, so neither writes them.
+    virtual IOResult Save(ISave*) { return IO_OK; }
+    // Reads what Save wrote, into an object made for loading, before the scene reader
+    // sets its references. Values are restored, not edited: nothing is recorded for undo
+    // and no accessor runs.
+    virtual IOResult Load(ILoad*) { return IO_OK; }
+
     virtual bool IsRefTarget() { return false; }
     // False for a weak reference (a monitor): it neither owns its target nor keeps it
     // alive, and its reference changes are not recorded for undo.
@@ -39,6 +50,8 @@ protected:
 
 private:
     friend class ReferenceTarget;
+    class ISave;
+    class ILoad;
     friend class RefSystem;
     // Delivers a message: the loop probe's mark, the class's handler, then propagation.
     RefResult DeliverMessage(const Interval& changeInt, ReferenceTarget* hTarget, PartID partID,
