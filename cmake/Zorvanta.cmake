@@ -30,14 +30,19 @@ function(zv_add_test name)
     gtest_discover_tests(${name} PROPERTIES LABELS ${ARG_LABEL} DISCOVERY_TIMEOUT 60)
 endfunction()
 
-# zv_add_bench(name SOURCES ... [LINKS ...]): one Google Benchmark executable,
-# also run once in ctest (label "bench") so that a broken benchmark fails the build's tests.
+# zv_add_bench(name SOURCES ... [LINKS ...] [SMOKE_FILTER regex]): one Google Benchmark
+# executable, also run once in ctest (label "bench") so that a broken benchmark fails the
+# build's tests; SMOKE_FILTER keeps that run to the cases it matches (small sizes).
 function(zv_add_bench name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "SMOKE_FILTER" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE zv_options ${ARG_LINKS} benchmark::benchmark_main)
     if(ZV_BUILD_TESTS)
-        add_test(NAME ${name}.smoke COMMAND ${name} --benchmark_min_time=0.001)
+        set(_filter "")
+        if(ARG_SMOKE_FILTER)
+            set(_filter "--benchmark_filter=${ARG_SMOKE_FILTER}")
+        endif()
+        add_test(NAME ${name}.smoke COMMAND ${name} --benchmark_min_time=0.001 ${_filter})
         set_tests_properties(${name}.smoke PROPERTIES LABELS bench)
     endif()
 endfunction()

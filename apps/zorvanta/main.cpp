@@ -2,12 +2,18 @@
 #include <cstdio>
 #include <cstring>
 
+#include "apps/zorvanta/InfoCommand.h"
+
 namespace {
 
 constexpr const char* kUsage =
     "Usage: zorvanta [--help] [--version]\n"
+    "       zorvanta info <scene>\n"
     "\n"
     "Zorvanta, a character rigging and animation toolkit.\n"
+    "\n"
+    "Commands:\n"
+    "  info <scene>   print the scene's node tree: objects, controllers, key counts\n"
     "\n"
     "Options:\n"
     "  -h, --help     show this text and exit\n"
@@ -27,6 +33,13 @@ int main(int argc, char** argv) {
     if (std::strcmp(arg, "--version") == 0) {
         std::printf("zorvanta %s\n", ZV_VERSION);
         return 0;
+    }
+    if (std::strcmp(arg, "info") == 0) {
+        if (argc != 3) {
+            std::fputs("zorvanta: info takes one scene file (try --help)\n", stderr);
+            return 2;
+        }
+        return zorvanta::cli::RunInfo(argv[2], stdout, stderr);
     }
     std::fprintf(stderr, "zorvanta: unknown option or command '%s' (try --help)\n", arg);
     return 2;

@@ -1,5 +1,8 @@
 #include "host/classes/BezierShape.h"
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
+
 namespace host {
 
 void BezierShape::NewShape() {
@@ -86,6 +89,63 @@ Box3 BezierShape::GetBoundingBox() const {
 
 void BezierShape::Transform(const Matrix3& tm) {
     for (Spline3D& s : splines_) s.Transform(tm);
+}
+
+void BezierShape::Save(ISave* isave) const {
+    isave->WriteChunk(chunks::SHAPE_STEPS, int32_t(steps));
+    WriteFlagChunk(isave, chunks::SHAPE_OPTIMIZE, optimize);
+    for (size_t i = 0; i < splines_.size(); ++i) SaveSpline(isave, i);
+    WriteBitsChunk(isave, chunks::SHAPE_POLY_SEL, polySel_);
+}
+
+void BezierShape::SaveSpline(ISave* isave, size_t i) const {
+    isave->BeginChunk(chunks::SHAPE_SPLINE);
+    isave->BeginChunk(chunks::SHAPE_SPLINE_CURVE);
+    splines_[i].Save(isave);
+    isave->EndChunk();
+    // Selections lag behind splines added since the last UpdateSels.
+    if (i < vertSel_.size()) WriteBitsChunk(isave, chunks::SHAPE_SPLINE_VERT_SEL, vertSel_[i]);
+    if (i < segSel_.size()) WriteBitsChunk(isave, chunks::SHAPE_SPLINE_SEG_SEL, segSel_[i]);
+    isave->EndChunk();
+}
+
+IOResult BezierShape::Load(ILoad* iload) {
+    BezierShape loaded;
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        switch (id) {
+            case chunks::SHAPE_STEPS:
+                return iload->ReadValue(loaded.steps);
+            case chunks::SHAPE_OPTIMIZE:
+                return ReadFlag(iload, loaded.optimize);
+            case chunks::SHAPE_SPLINE:
+                return loaded.LoadSpline(iload);
+            case chunks::SHAPE_POLY_SEL:
+                return ReadBits(iload, loaded.polySel_);
+        }
+        return IO_OK;
+    });
+    if (result != IO_OK) return IO_ERROR;
+    loaded.UpdateSels();
+    *this = std::move(loaded);
+    return IO_OK;
+}
+
+IOResult BezierShape::LoadSpline(ILoad* iload) {
+    // Splines and their selections stay in step: each spline read adds one of each.
+    Spline3D& spline = splines_.emplace_back();
+    BitArray& verts = vertSel_.emplace_back();
+    BitArray& segs = segSel_.emplace_back();
+    return ReadChunks(iload, [&](uint16_t id) {
+        switch (id) {
+            case chunks::SHAPE_SPLINE_CURVE:
+                return spline.Load(iload);
+            case chunks::SHAPE_SPLINE_VERT_SEL:
+                return ReadBits(iload, verts);
+            case chunks::SHAPE_SPLINE_SEG_SEL:
+                return ReadBits(iload, segs);
+        }
+        return IO_OK;
+    });
 }
 
 }  // namespace host

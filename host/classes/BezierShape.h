@@ -50,6 +50,12 @@ public:
     // Moves every knot and handle through tm.
     void Transform(const Matrix3& tm);
 
+    // The splines, the interpolation settings and the selections, as chunks. Load sizes
+    // the selections to the splines it read (as UpdateSels does); when it fails, the
+    // shape stays as it was.
+    void Save(ISave* isave) const;
+    IOResult Load(ILoad* iload);
+
 private:
     struct VertRef {
         int spline;  // -1 when out of range
@@ -57,6 +63,9 @@ private:
     };
     // Spline and vertex of point i of the whole shape.
     VertRef FindVert(int i) const;
+    // Spline i with its selections, as one chunk; Load appends the spline it reads.
+    void SaveSpline(ISave* isave, size_t i) const;
+    IOResult LoadSpline(ILoad* iload);
 
     std::deque<Spline3D> splines_;  // a deque keeps pointers stable as splines are added
     std::vector<BitArray> vertSel_;

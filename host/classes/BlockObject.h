@@ -7,8 +7,9 @@ namespace host {
 
 // An object whose state is one parameter block, held at reference 0 and shown as its
 // only sub-anim; Base is the object family (HelperObject, GeomObject). The block is
-// made from the class's auto-constructed definition, and its changes reach the
-// object's dependents as changes of the object.
+// made from the class's auto-constructed definition (unless loading: the scene reader
+// sets the saved one), and its changes reach the object's dependents as changes of the
+// object. The block is the whole state, so the object saves nothing of its own.
 template <class Base>
 class BlockObject : public Base {
 public:
@@ -30,7 +31,9 @@ public:
     }
 
 protected:
-    explicit BlockObject(ClassDesc2* desc) { desc->MakeAutoParamBlocks(this); }
+    BlockObject(ClassDesc2* desc, bool loading) {
+        if (!loading) desc->MakeAutoParamBlocks(this);
+    }
     void SetReference(int i, ReferenceTarget* target) override {
         if (i == 0) pblock_ = static_cast<IParamBlock2*>(target);
     }

@@ -61,7 +61,7 @@ ClassDesc2* GetBoneObjectDesc() {
     return &desc;
 }
 
-BoneObject::BoneObject(bool) : BlockObject(GetBoneObjectDesc()) {}
+BoneObject::BoneObject(bool loading) : BlockObject(GetBoneObjectDesc(), loading) {}
 
 Point3 BoneObject::Corner(int i, TimeValue t) {
     const bool tip = i & 1;

@@ -1,5 +1,7 @@
 #include "host/classes/EulerXYZ.h"
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
 
 #include "host/math/Euler.h"
@@ -85,6 +87,23 @@ void EulerXYZ::SetOrder(int order) {
     if (theHold.Holding()) theHold.Put(new OrderRestore(this, order_, order));
     order_ = order;
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+IOResult EulerXYZ::Save(ISave* isave) {
+    isave->WriteChunk(chunks::CTRL_EULER_ORDER, int32_t(order_));
+    return IO_OK;
+}
+
+IOResult EulerXYZ::Load(ILoad* iload) {
+    return ReadChunks(iload, [&](uint16_t id) {
+        if (id != chunks::CTRL_EULER_ORDER) return IO_OK;
+        int32_t order = 0;
+        if (iload->ReadValue(order) != IO_OK) return IO_ERROR;
+        if (order < 0 || order >= kEulerOrderCount)
+            return LoadError(iload, "an Euler order is unknown");
+        order_ = order;
+        return IO_OK;
+    });
 }
 
 }  // namespace host

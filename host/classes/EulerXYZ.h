@@ -31,6 +31,10 @@ public:
     // Orders 0 to 8; undoable; the tracks keep their values.
     void SetOrder(int order) override;
 
+    // The order; the tracks are references.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 private:
     class OrderRestore;
     // The angles in order of application, from the tracks' values.

@@ -10,19 +10,20 @@ namespace host {
 void RegisterHostClasses() {
     // One table of the host's descriptors; registering a taken pair is refused, so a
     // second call changes nothing.
-    ClassDesc2* const descriptors[] = {GetBezierFloatDesc(),  GetBezierPositionDesc(),
-                                       GetBezierScaleDesc(),  GetPositionXYZDesc(),
-                                       GetEulerXYZDesc(),     GetScaleXYZDesc(),
-                                       GetPRSDesc(),          GetTcbFloatDesc(),
-                                       GetTcbPositionDesc(),  GetTcbRotationDesc(),
-                                       GetTcbScaleDesc(),     GetPointHelperDesc(),
-                                       GetBoneObjectDesc(),   GetCurveControlDesc(),
-                                       GetTextShapeDesc(),    GetFloatListDesc(),
-                                       GetPositionListDesc(), GetRotationListDesc(),
-                                       GetScaleListDesc(),    GetOrientationConstraintDesc(),
-                                       GetLinkControlDesc(),  GetPolyObjectDesc(),
-                                       GetEditableMeshDesc(), GetMorphModifierDesc(),
-                                       GetDerivedObjectDesc()};
+    ClassDesc2* const descriptors[] = {GetBezierFloatDesc(),   GetBezierPositionDesc(),
+                                       GetBezierScaleDesc(),   GetPositionXYZDesc(),
+                                       GetEulerXYZDesc(),      GetScaleXYZDesc(),
+                                       GetPRSDesc(),           GetTcbFloatDesc(),
+                                       GetTcbPositionDesc(),   GetTcbRotationDesc(),
+                                       GetTcbScaleDesc(),      GetPointHelperDesc(),
+                                       GetBoneObjectDesc(),    GetCurveControlDesc(),
+                                       GetTextShapeDesc(),     GetFloatListDesc(),
+                                       GetPositionListDesc(),  GetRotationListDesc(),
+                                       GetScaleListDesc(),     GetOrientationConstraintDesc(),
+                                       GetLinkControlDesc(),   GetPolyObjectDesc(),
+                                       GetEditableMeshDesc(),  GetMorphModifierDesc(),
+                                       GetParamBlock2Desc(),   GetDerivedObjectDesc(),
+                                       GetTrackViewNodeDesc(), GetCustAttribContainerDesc()};
     for (ClassDesc2* desc : descriptors) ClassRegistry::Instance().Register(desc);
     static LayerManager layers;
     GetCOREInterface()->SetLayerManager(&layers);

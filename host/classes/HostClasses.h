@@ -29,6 +29,9 @@ ClassDesc2* GetPolyObjectDesc();
 ClassDesc2* GetEditableMeshDesc();
 ClassDesc2* GetMorphModifierDesc();
 ClassDesc2* GetDerivedObjectDesc();
+ClassDesc2* GetParamBlock2Desc();
+ClassDesc2* GetCustAttribContainerDesc();
+ClassDesc2* GetTrackViewNodeDesc();
 
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();

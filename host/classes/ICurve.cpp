@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/ICurveCtl.h"
 #include "host/math/CubicBezier.h"
 
@@ -38,6 +40,25 @@ bool ICurve::Delete(int i) {
 void ICurve::Sort() {
     std::stable_sort(points_.begin(), points_.end(),
                      [](const CurvePoint& a, const CurvePoint& b) { return a.p.x < b.p.x; });
+}
+
+void ICurve::Save(ISave* isave) const {
+    isave->BeginChunk(chunks::CURVE_POINTS);
+    WriteRecords(isave, points_, [isave](const CurvePoint& c) {
+        WriteValues(isave, c.p, c.in, c.out, int32_t(c.flags));
+    });
+    isave->EndChunk();
+}
+
+IOResult ICurve::Load(ILoad* iload) {
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        if (id != chunks::CURVE_POINTS) return IO_OK;
+        return ReadRecords(
+            iload, 3 * sizeof(Point2) + sizeof(int32_t), points_,
+            [iload](CurvePoint& c) { return ReadValues(iload, c.p, c.in, c.out, c.flags); });
+    });
+    Sort();
+    return result;
 }
 
 float ICurve::GetValue(TimeValue, float x) const {

@@ -4,10 +4,13 @@
 
 #include "host/core/TimeValue.h"
 #include "host/math/Point2.h"
+#include "host/object/IOResult.h"
 
 namespace host {
 
 class ICurveCtl;
+class ISave;
+class ILoad;
 
 // Point flags.
 inline constexpr int CURVEP_BEZIER = 1 << 0;  // the handles shape the curve
@@ -42,6 +45,9 @@ public:
 private:
     friend class ICurveCtl;
     explicit ICurve(ICurveCtl* owner) : owner_(owner) {}
+    // The points, as chunks; Load puts them in x order, which the curve relies on.
+    void Save(ISave* isave) const;
+    IOResult Load(ILoad* iload);
     void Sort();
     float SegmentValue(size_t k, float x) const;
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/ClassRegistry.h"
@@ -34,18 +36,18 @@ SClass_ID ICurveCtl::SuperClassID() {
 
 void ICurveCtl::Record() {
     if (theHold.Holding())
-        theHold.Put(new SnapshotRestore<ICurveCtl, State>(this, &ICurveCtl::Save, &ICurveCtl::Load,
-                                                          L"Curve"));
+        theHold.Put(new SnapshotRestore<ICurveCtl, State>(this, &ICurveCtl::GetState,
+                                                          &ICurveCtl::SetState, L"Curve"));
 }
 
-ICurveCtl::State ICurveCtl::Save() const {
+ICurveCtl::State ICurveCtl::GetState() const {
     State s;
     for (const auto& curve : curves_) s.curves.push_back(curve->points_);
     std::copy(std::begin(range_), std::end(range_), std::begin(s.range));
     return s;
 }
 
-void ICurveCtl::Load(const State& s) {
+void ICurveCtl::SetState(const State& s) {
     // Curves that stay keep their objects, so pointers to them survive undo.
     curves_.resize(s.curves.size());
     for (size_t i = 0; i < curves_.size(); ++i) {
@@ -54,6 +56,29 @@ void ICurveCtl::Load(const State& s) {
     }
     std::copy(std::begin(s.range), std::end(s.range), std::begin(range_));
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
+}
+
+IOResult ICurveCtl::Save(ISave* isave) {
+    isave->WriteChunk(chunks::CURVECTL_RANGE, range_);
+    for (const auto& curve : curves_) {
+        isave->BeginChunk(chunks::CURVECTL_CURVE);
+        curve->Save(isave);
+        isave->EndChunk();
+    }
+    return IO_OK;
+}
+
+IOResult ICurveCtl::Load(ILoad* iload) {
+    std::vector<std::unique_ptr<ICurve>> curves;
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        if (id == chunks::CURVECTL_RANGE) return iload->ReadValue(range_);
+        if (id != chunks::CURVECTL_CURVE) return IO_OK;
+        curves.emplace_back(new ICurve(this));
+        return curves.back()->Load(iload);
+    });
+    if (result != IO_OK) return IO_ERROR;
+    curves_ = std::move(curves);
+    return IO_OK;
 }
 
 void ICurveCtl::SetNumCurves(int n) {

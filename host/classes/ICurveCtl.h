@@ -34,6 +34,11 @@ public:
         rangeChanged_ = std::move(callback);
     }
 
+    // The ranges and the curves with their points. A loaded control has as many curves
+    // as were saved, none included.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
     // Records the whole state once, runs the change, and tells the dependents.
     template <typename Change>
     void Edit(Change change) {
@@ -48,8 +53,9 @@ private:
         float range[4];  // x lo, x hi, y lo, y hi
     };
     void Record();
-    State Save() const;
-    void Load(const State& s);
+    // The whole state, as undo takes it and puts it back.
+    State GetState() const;
+    void SetState(const State& s);
 
     std::vector<std::unique_ptr<ICurve>> curves_;
     float range_[4] = {0.0f, 1.0f, 0.0f, 1.0f};

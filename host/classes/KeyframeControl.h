@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/IKeyControl.h"
 #include "host/object/Animate.h"
 #include "host/object/Control.h"
@@ -119,6 +121,11 @@ public:
     int AppendKey(IKey* key) override;
     void SortKeys() override;
 
+    // The keys with every field, the value held without keys and both out-of-range
+    // types. A loaded track sorts its keys and rebuilds its tables on the first read.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     // Between the first and the last key, with at least two keys.
     virtual Value Interpolate(TimeValue t) const = 0;
@@ -156,12 +163,14 @@ private:
     // Every edit: record the state once per hold, change, recompute, notify.
     template <typename Edit>
     void Change(Edit edit);
-    State Save() const { return {keys_, value_, ortBefore_, ortAfter_}; }
-    void Load(const State& s);
+    State GetState() const { return {keys_, value_, ortBefore_, ortAfter_}; }
+    void SetState(const State& s);
     void InsertKey(TimeValue t, const Value& v, uint32_t flags);
     template <typename Pred>
     void Erase(Pred doomed);
     void SortKeysInPlace();
+    static bool AcceptedORT(int type);
+    static IOResult ReadORT(ILoad* iload, int& type);
     void NarrowOutside(TimeValue t, Interval& valid) const;
     TimeValue MapOutOfRange(TimeValue t, Value& offset) const;
 
@@ -195,12 +204,12 @@ template <class Key, class Value>
 class KeyframeControl<Key, Value>::KeysRestore : public RestoreObj {
 public:
     explicit KeysRestore(KeyframeControl* c)
-        : pin_(c), ctrl_(c), before_(c->Save()), after_(before_) {}
+        : pin_(c), ctrl_(c), before_(c->GetState()), after_(before_) {}
     void Restore(bool isUndo) override {
-        if (isUndo) after_ = ctrl_->Save();
-        ctrl_->Load(before_);
+        if (isUndo) after_ = ctrl_->GetState();
+        ctrl_->SetState(before_);
     }
-    void Redo() override { ctrl_->Load(after_); }
+    void Redo() override { ctrl_->SetState(after_); }
     void EndHold() override { ctrl_->ClearAFlag(A_HELD); }
     WStr Description() override { return WStr(ctrl_->KeysUndoName()); }
 
@@ -224,7 +233,7 @@ void KeyframeControl<Key, Value>::Change(Edit edit) {
 }
 
 template <class Key, class Value>
-void KeyframeControl<Key, Value>::Load(const State& s) {
+void KeyframeControl<Key, Value>::SetState(const State& s) {
     keys_ = s.keys;
     value_ = s.value;
     ortBefore_ = s.ortBefore;
@@ -280,7 +289,7 @@ void KeyframeControl<Key, Value>::RestoreValue(TimeValue) {
     if (!tentative_) return;
     const State before = *tentative_;
     tentative_.reset();
-    Change([&] { Load(before); });
+    Change([&] { SetState(before); });
 }
 
 template <class Key, class Value>
@@ -288,7 +297,7 @@ void KeyframeControl<Key, Value>::WriteValue(TimeValue t, const Value& v, int co
     if (commit)
         tentative_.reset();
     else if (!tentative_)
-        tentative_ = std::make_unique<State>(Save());
+        tentative_ = std::make_unique<State>(GetState());
     const bool animating = Animating();
     Change([&] {
         const int index = GetKeyIndex(t);
@@ -377,10 +386,15 @@ void KeyframeControl<Key, Value>::MoveKeys(TimeValue dt, bool selectedOnly) {
 }
 
 template <class Key, class Value>
-void KeyframeControl<Key, Value>::SetORT(int type, int side) {
+bool KeyframeControl<Key, Value>::AcceptedORT(int type) {
     static constexpr int kAccepted[] = {ORT_CONSTANT,  ORT_CYCLE,  ORT_LOOP,
                                         ORT_OSCILLATE, ORT_LINEAR, ORT_RELATIVE_REPEAT};
-    if (std::find(std::begin(kAccepted), std::end(kAccepted), type) == std::end(kAccepted)) return;
+    return std::find(std::begin(kAccepted), std::end(kAccepted), type) != std::end(kAccepted);
+}
+
+template <class Key, class Value>
+void KeyframeControl<Key, Value>::SetORT(int type, int side) {
+    if (!AcceptedORT(type)) return;
     Change([&] { (side == ORT_BEFORE ? ortBefore_ : ortAfter_) = type; });
 }
 
@@ -409,6 +423,50 @@ template <class Key, class Value>
 void KeyframeControl<Key, Value>::SortKeysInPlace() {
     std::stable_sort(keys_.begin(), keys_.end(),
                      [](const Key& a, const Key& b) { return a.time < b.time; });
+}
+
+template <class Key, class Value>
+IOResult KeyframeControl<Key, Value>::Save(ISave* isave) {
+    // Keys are plain structs of 4-byte fields, so a table of them has no padding.
+    isave->BeginChunk(chunks::CTRL_KEYS);
+    WriteTable(isave, keys_);
+    isave->EndChunk();
+    isave->WriteChunk(chunks::CTRL_VALUE, value_);
+    isave->WriteChunk(chunks::CTRL_ORT_BEFORE, int32_t(ortBefore_));
+    isave->WriteChunk(chunks::CTRL_ORT_AFTER, int32_t(ortAfter_));
+    return IO_OK;
+}
+
+template <class Key, class Value>
+IOResult KeyframeControl<Key, Value>::Load(ILoad* iload) {
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        switch (id) {
+            case chunks::CTRL_KEYS:
+                return ReadTable(iload, keys_);
+            case chunks::CTRL_VALUE:
+                return iload->ReadValue(value_);
+            case chunks::CTRL_ORT_BEFORE:
+                return ReadORT(iload, ortBefore_);
+            case chunks::CTRL_ORT_AFTER:
+                return ReadORT(iload, ortAfter_);
+            default:
+                return IO_OK;
+        }
+    });
+    // Every read relies on sorted keys; a file may hold them in any order.
+    SortKeysInPlace();
+    UpdateSpan();
+    stale_ = true;
+    return result;
+}
+
+template <class Key, class Value>
+IOResult KeyframeControl<Key, Value>::ReadORT(ILoad* iload, int& type) {
+    int32_t read = 0;
+    if (iload->ReadValue(read) != IO_OK) return IO_ERROR;
+    if (!AcceptedORT(read)) return LoadError(iload, "an out-of-range type is unknown");
+    type = read;
+    return IO_OK;
 }
 
 }  // namespace host

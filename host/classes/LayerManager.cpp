@@ -1,5 +1,9 @@
 #include "host/classes/LayerManager.h"
 
+#include <string>
+
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/object/INode.h"
 
 namespace host {
@@ -32,6 +36,55 @@ ILayer* LayerManager::GetNodeLayer(INode* node) {
 void LayerManager::Reset() {
     layers_.clear();
     layers_.push_back(std::make_unique<Layer>(WStr(L"0"), true));
+}
+
+int LayerManager::IndexOf(const ILayer* layer) const {
+    for (size_t i = 0; layer && i < layers_.size(); ++i)
+        if (layers_[i].get() == layer) return int(i);
+    return -1;
+}
+
+void LayerManager::Save(ISave* isave) const {
+    for (size_t i = 1; i < layers_.size(); ++i) {
+        isave->BeginChunk(chunks::LAYERS_LAYER);
+        isave->BeginChunk(chunks::LAYER_NAME);
+        isave->WriteWString(layers_[i]->GetName());
+        isave->EndChunk();
+        isave->WriteChunk(chunks::LAYER_PARENT, int32_t(IndexOf(layers_[i]->GetParentLayer())));
+        isave->EndChunk();
+    }
+}
+
+IOResult LayerManager::Load(ILoad* iload) {
+    // Made apart, then taken whole: a failed load leaves the present layers alone.
+    LayerManager loaded;
+    std::vector<int> parents(1, -1);
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        return id == chunks::LAYERS_LAYER ? loaded.LoadLayer(iload, parents) : IO_OK;
+    });
+    if (result != IO_OK) return IO_ERROR;
+    for (int i = 1; i < loaded.GetLayerCount(); ++i) {
+        const int parent = parents[size_t(i)];
+        if (parent < -1 || parent >= loaded.GetLayerCount() ||
+            !loaded.GetLayer(i)->SetParentLayer(loaded.GetLayer(parent)))
+            return LoadError(iload, "layer " + std::to_string(i) + " cannot have parent " +
+                                        std::to_string(parent));
+    }
+    layers_ = std::move(loaded.layers_);
+    return IO_OK;
+}
+
+IOResult LayerManager::LoadLayer(ILoad* iload, std::vector<int>& parents) {
+    WStr name;
+    int32_t parent = -1;
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        if (id == chunks::LAYER_NAME) return iload->ReadWString(name);
+        return id == chunks::LAYER_PARENT ? iload->ReadValue(parent) : IO_OK;
+    });
+    if (result != IO_OK) return IO_ERROR;
+    if (!CreateLayer(name)) return LoadError(iload, "a layer name is empty or repeated");
+    parents.push_back(parent);
+    return IO_OK;
 }
 
 }  // namespace host

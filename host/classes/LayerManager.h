@@ -4,11 +4,20 @@
 #include <vector>
 
 #include "host/classes/Layer.h"
+#include "host/object/IOResult.h"
 
 namespace host {
 
+class ISave;
+class ILoad;
+
 // The scene's layers by name. There is always the default layer "0"; other layers are
 // made on request and last until the scene is reset.
+//
+// The scene file holds the layers but the default one: names and parents. Nodes keep
+// their layers themselves, so a scene reader loads the layers into the manager the
+// interface holds, after Reset and before any node is put on a layer: loading replaces
+// every layer object.
 class LayerManager : public ILayerManager {
 public:
     LayerManager();
@@ -20,7 +29,17 @@ public:
     ILayer* GetNodeLayer(INode* node) override;
     void Reset() override;
 
+    void Save(ISave* isave) const;
+    // Fails on an empty or repeated name or a parent that is not a layer or makes a
+    // loop, leaving the layers as they were.
+    IOResult Load(ILoad* iload);
+
 private:
+    // The index of layer in the manager, -1 for null.
+    int IndexOf(const ILayer* layer) const;
+    // One saved layer: made under its name, its parent index kept for when all are made.
+    IOResult LoadLayer(ILoad* iload, std::vector<int>& parents);
+
     std::vector<std::unique_ptr<Layer>> layers_;
 };
 

@@ -1,5 +1,9 @@
 #include "host/classes/LinkControl.h"
 
+#include <algorithm>
+#include <functional>
+
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/classes/TargetLoop.h"
@@ -150,6 +154,24 @@ bool LinkControl::SetRotationController(Control* c) {
 }
 bool LinkControl::SetScaleController(Control* c) {
     return sub_ && sub_->SetScaleController(c);
+}
+
+IOResult LinkControl::Save(ISave* isave) {
+    links_.SaveTable(isave, chunks::CTRL_LINK_TIMES);
+    return IO_OK;
+}
+
+IOResult LinkControl::Load(ILoad* iload) {
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        return id == chunks::CTRL_LINK_TIMES ? links_.LoadTable(iload) : IO_OK;
+    });
+    if (result != IO_OK) return result;
+    // One link per time, sorted: the order is that of the target references to come,
+    // so it cannot be mended here.
+    const std::vector<TimeValue>& times = links_.AllData();
+    if (std::adjacent_find(times.begin(), times.end(), std::greater_equal<>()) != times.end())
+        return LoadError(iload, "link times are not increasing");
+    return IO_OK;
 }
 
 }  // namespace host

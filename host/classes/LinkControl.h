@@ -80,6 +80,11 @@ public:
     bool SetRotationController(Control* c) override;
     bool SetScaleController(Control* c) override;
 
+    // The links' start times; the sub-controller and the targets are references.
+    // Loading sizes the links for them and refuses times out of order.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* t) override;
     int NumTracks() override { return 1; }

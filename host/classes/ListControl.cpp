@@ -1,5 +1,8 @@
 #include "host/classes/ListControl.h"
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
+
 namespace host {
 
 namespace {
@@ -132,6 +135,47 @@ bool ListControl::AssignController(Animatable* c, int i) {
     auto* track = dynamic_cast<Control*>(c);
     if (!track || track->TestForLoop(FOREVER, this) != REF_SUCCEED) return false;
     return AssignTrack(track, i, SuperClassID());
+}
+
+IOResult ListControl::Save(ISave* isave) {
+    isave->BeginChunk(chunks::CTRL_LIST_ENTRIES);
+    WriteRecords(isave, entries_.AllData(), [isave](const Entry& entry) {
+        isave->WriteWString(entry.name);
+        isave->WriteValue(entry.weight);
+    });
+    isave->EndChunk();
+    isave->WriteChunk(chunks::CTRL_LIST_ACTIVE, int32_t(active_));
+    return IO_OK;
+}
+
+IOResult ListControl::Load(ILoad* iload) {
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        switch (id) {
+            case chunks::CTRL_LIST_ENTRIES:
+                return LoadEntries(iload);
+            case chunks::CTRL_LIST_ACTIVE:
+                return iload->ReadValue(active_);
+            default:
+                return IO_OK;
+        }
+    });
+    if (result != IO_OK) return result;
+    // Writes rely on an active entry whenever the list has one.
+    if (GetCount() == 0 ? active_ != -1 : !entries_.Valid(active_))
+        return LoadError(iload, "the active entry is not in the list");
+    return IO_OK;
+}
+
+IOResult ListControl::LoadEntries(ILoad* iload) {
+    // An entry is at least a name's length and a weight.
+    std::vector<Entry> entries;
+    if (ReadRecords(iload, sizeof(uint32_t) + sizeof(float), entries, [iload](Entry& entry) {
+            return iload->ReadWString(entry.name) == IO_OK ? iload->ReadValue(entry.weight)
+                                                           : IO_ERROR;
+        }) != IO_OK)
+        return IO_ERROR;
+    entries_.SetLoadedData(std::move(entries));
+    return IO_OK;
 }
 
 FPInterface* ListControl::GetInterface(Interface_ID id) {

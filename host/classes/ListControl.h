@@ -61,6 +61,11 @@ public:
     const FPInterfaceDesc* GetDesc() override;
     FPStatus _dispatch_fn(FunctionID fid, TimeValue t, FPValue& result, FPParams* p) override;
 
+    // The entries' names and weights and the active index; the entries' controllers are
+    // references. Loading sizes the list for them.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* t) override {
         if (entries_.OwnsSlot(i)) entries_.SetSlot(i, t);
@@ -82,6 +87,7 @@ private:
     // Sets the active index, recorded when holding.
     void PutActive(int i);
     void EditEntry(int i, const WStr& name, float weight);
+    IOResult LoadEntries(ILoad* iload);
 
     ReferenceList<Entry> entries_{this, 0};
     int active_ = -1;

@@ -2,8 +2,14 @@
 
 #include <algorithm>
 #include <cassert>
+#include <string>
+
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 
 namespace host {
+
+static_assert(sizeof(int) == 4, "face vertex indices are saved as 32-bit numbers");
 
 Point3& MNMesh::P(int v) {
     assert(v >= 0 && v < numv());
@@ -121,6 +127,44 @@ Box3 MNMesh::BoundingBox(const Matrix3* tm) const {
     Box3 box;
     for (const Point3& p : verts_) box += tm ? p * *tm : p;
     return box;
+}
+
+void MNMesh::Save(ISave* isave) const {
+    isave->BeginChunk(chunks::MESH_VERTS);
+    WriteTable(isave, verts_);
+    isave->EndChunk();
+    isave->BeginChunk(chunks::MESH_FACES);
+    WriteRecords(isave, faces_, [isave](const Face& face) {
+        isave->WriteValue(face.flags);
+        WriteTable(isave, face.vertices);
+    });
+    isave->EndChunk();
+}
+
+IOResult MNMesh::LoadFaces(ILoad* iload, std::vector<Face>& faces) {
+    // A face takes at least its flags and its vertex count.
+    return ReadRecords(iload, 2 * sizeof(uint32_t), faces, [iload](Face& face) {
+        return iload->ReadValue(face.flags) == IO_OK ? ReadTable(iload, face.vertices) : IO_ERROR;
+    });
+}
+
+IOResult MNMesh::Load(ILoad* iload) {
+    MNMesh loaded;
+    std::vector<Face> faces;
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        if (id == chunks::MESH_VERTS) return ReadTable(iload, loaded.verts_);
+        return id == chunks::MESH_FACES ? LoadFaces(iload, faces) : IO_OK;
+    });
+    if (result != IO_OK) return IO_ERROR;
+    // NewFace refuses the faces a mesh must not have; the vertices are all read by now,
+    // whichever chunk came first.
+    for (const Face& face : faces)
+        if (loaded.NewFace(face.vertices, face.flags) < 0)
+            return LoadError(iload, "face " + std::to_string(loaded.numf()) +
+                                        " is not a loop of three or more of the mesh's " +
+                                        std::to_string(loaded.numv()) + " vertices");
+    *this = std::move(loaded);
+    return IO_OK;
 }
 
 }  // namespace host

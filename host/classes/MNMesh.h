@@ -9,8 +9,12 @@
 #include "host/math/Box3.h"
 #include "host/math/Matrix3.h"
 #include "host/math/Point3.h"
+#include "host/object/IOResult.h"
 
 namespace host {
+
+class ISave;
+class ILoad;
 
 // A polygon mesh: vertices (object space) and faces, each face a loop of three or more
 // vertex indices, counter-clockwise seen from its front, with a word of flags. The
@@ -68,12 +72,19 @@ public:
 
     bool operator==(const MNMesh&) const = default;
 
+    // The vertices and faces as chunks. Load takes the mesh only when every face has
+    // three or more vertices, all of them in the mesh; otherwise it fails, leaving the
+    // mesh as it was.
+    void Save(ISave* isave) const;
+    IOResult Load(ILoad* iload);
+
 private:
     struct Face {
         std::vector<int> vertices;
         uint32_t flags = 0;
         bool operator==(const Face&) const = default;
     };
+    static IOResult LoadFaces(ILoad* iload, std::vector<Face>& faces);
     // Twice the face's area along its normal.
     Point3 NewellVector(int f) const;
     // Drops the vertices marked in gone, renumbering the faces.

@@ -1,5 +1,7 @@
 #include "host/classes/MeshObject.h"
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/object/Hold.h"
 
 namespace host {
@@ -58,6 +60,19 @@ Point3 MeshObject::GetPoint(int i) {
 
 void MeshObject::GetLocalBoundBox(TimeValue, INode*, ViewExp*, Box3& box) {
     box = mesh_.BoundingBox();
+}
+
+IOResult MeshObject::Save(ISave* isave) {
+    isave->BeginChunk(chunks::MESHOBJ_MESH);
+    mesh_.Save(isave);
+    isave->EndChunk();
+    return IO_OK;
+}
+
+IOResult MeshObject::Load(ILoad* iload) {
+    // The mesh is restored, not edited: nothing is recorded and nobody is told.
+    return ReadChunks(
+        iload, [&](uint16_t id) { return id == chunks::MESHOBJ_MESH ? mesh_.Load(iload) : IO_OK; });
 }
 
 }  // namespace host

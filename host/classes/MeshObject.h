@@ -27,6 +27,10 @@ public:
     Point3 GetPoint(int i) override;
     void GetLocalBoundBox(TimeValue t, INode* node, ViewExp* vpt, Box3& box) override;
 
+    // The mesh. A mesh that fails its checks fails the load (see MNMesh::Load).
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     // A new object of class T with a copy of the mesh.
     template <class T>

@@ -1,8 +1,11 @@
 #include "host/classes/MorphModifier.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/Hold.h"
@@ -161,6 +164,37 @@ bool MorphModifier::AssignController(Animatable* control, int i) {
     ChangeWithNotify(this, [&] { ReplaceReference(i, ctrl); });
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CONTROLREF_CHANGE);
     return true;
+}
+
+IOResult MorphModifier::Save(ISave* isave) {
+    if (Modifier::Save(isave) != IO_OK) return IO_ERROR;
+    const Channel unused;
+    for (int ch = 0; ch < kNumChannels; ++ch) {
+        const Channel& c = channels_[size_t(ch)];
+        if (c.name == unused.name && c.target.empty()) continue;
+        isave->BeginChunk(chunks::MORPH_CHANNEL);
+        isave->WriteValue(int32_t(ch));
+        isave->WriteWString(c.name);
+        WriteTable(isave, c.target);
+        isave->EndChunk();
+    }
+    return IO_OK;
+}
+
+IOResult MorphModifier::Load(ILoad* iload) {
+    return ReadChunks(iload, [&](uint16_t id) {
+        return id == chunks::MORPH_CHANNEL ? ReadChannel(iload) : LoadChunk(iload, id);
+    });
+}
+
+IOResult MorphModifier::ReadChannel(ILoad* iload) {
+    int32_t ch = 0;
+    Channel c;
+    if (iload->ReadValue(ch) != IO_OK) return IO_ERROR;
+    if (!IsChannel(ch)) return LoadError(iload, "there is no morph channel " + std::to_string(ch));
+    if (iload->ReadWString(c.name) != IO_OK || ReadTable(iload, c.target) != IO_OK) return IO_ERROR;
+    channels_[size_t(ch)] = std::move(c);
+    return IO_OK;
 }
 
 }  // namespace host

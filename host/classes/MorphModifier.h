@@ -69,6 +69,12 @@ public:
     // this modifier.
     bool AssignController(Animatable* control, int i) override;
 
+    // The modifier's switch, then the channels' names and targets (channels left as
+    // new are skipped). The weight controllers are references, which the scene saves
+    // and sets.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* target) override;
 
@@ -83,6 +89,8 @@ private:
     // Records the channel's change when holding, then loads it.
     void EditChannel(int ch, Channel after);
     void LoadChannel(int ch, const Channel& c);
+    // One saved channel, into its place.
+    IOResult ReadChannel(ILoad* iload);
 
     std::array<Channel, kNumChannels> channels_;
     std::array<Control*, kNumChannels> weights_{};

@@ -1,5 +1,6 @@
 #include "host/classes/OrientationConstraint.h"
 
+#include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/classes/TargetLoop.h"
@@ -66,6 +67,17 @@ RefResult OrientationConstraint::NotifyRefChanged(const Interval&, ReferenceTarg
         for (int i = targets_.IndexOf(hTarget); i >= 0; i = targets_.IndexOf(hTarget))
             targets_.Delete(i);
     return REF_SUCCEED;
+}
+
+IOResult OrientationConstraint::Save(ISave* isave) {
+    targets_.SaveTable(isave, chunks::CTRL_TARGET_WEIGHTS);
+    return IO_OK;
+}
+
+IOResult OrientationConstraint::Load(ILoad* iload) {
+    return ReadChunks(iload, [&](uint16_t id) {
+        return id == chunks::CTRL_TARGET_WEIGHTS ? targets_.LoadTable(iload) : IO_OK;
+    });
 }
 
 }  // namespace host

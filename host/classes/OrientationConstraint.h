@@ -49,6 +49,10 @@ public:
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
                                RefMessage message, bool propagate) override;
 
+    // The weights; the targets are references. Loading sizes the list for them.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* t) override {
         if (targets_.OwnsSlot(i)) targets_.SetSlot(i, t);

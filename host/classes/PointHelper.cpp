@@ -23,7 +23,7 @@ ClassDesc2* GetPointHelperDesc() {
     return &desc;
 }
 
-PointHelper::PointHelper(bool) : BlockObject(GetPointHelperDesc()) {}
+PointHelper::PointHelper(bool loading) : BlockObject(GetPointHelperDesc(), loading) {}
 
 void PointHelper::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
     const float half = 0.5f * Float(SIZE, t);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/classes/ChunkIO.h"
 #include "host/object/Hold.h"
 #include "host/object/ReferenceTarget.h"
 
@@ -50,6 +51,15 @@ public:
     bool OwnsSlot(int slot) const { return Valid(slot - first_); }
     ReferenceTarget* Slot(int slot) const { return slots_[size_t(slot - first_)]; }
     void SetSlot(int slot, ReferenceTarget* target) { slots_[size_t(slot - first_)] = target; }
+
+    // Scene files keep the entry data beside the owner's references. A list made for
+    // loading takes the data read, which sizes it with every slot empty for the scene
+    // reader to set afterwards; nothing is recorded or sent.
+    const std::vector<Data>& AllData() const { return data_; }
+    void SetLoadedData(std::vector<Data> data);
+    // Plain entry data (weights, times) as one chunk holding their table.
+    void SaveTable(ISave* isave, uint16_t id) const;
+    IOResult LoadTable(ILoad* iload);
 
 private:
     class DataRestore;
@@ -133,6 +143,28 @@ void ReferenceList<Data>::Load(const std::vector<Data>& data) {
     data_ = data;
     slots_.resize(data.size(), nullptr);
     Changed();
+}
+
+template <class Data>
+void ReferenceList<Data>::SetLoadedData(std::vector<Data> data) {
+    assert(std::all_of(slots_.begin(), slots_.end(), [](ReferenceTarget* t) { return !t; }));
+    data_ = std::move(data);
+    slots_.assign(data_.size(), nullptr);
+}
+
+template <class Data>
+void ReferenceList<Data>::SaveTable(ISave* isave, uint16_t id) const {
+    isave->BeginChunk(id);
+    WriteTable(isave, data_);
+    isave->EndChunk();
+}
+
+template <class Data>
+IOResult ReferenceList<Data>::LoadTable(ILoad* iload) {
+    std::vector<Data> data;
+    if (ReadTable(iload, data) != IO_OK) return IO_ERROR;
+    SetLoadedData(std::move(data));
+    return IO_OK;
 }
 
 template <class Data>

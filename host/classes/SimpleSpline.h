@@ -17,6 +17,10 @@ class ClassDesc2;
 // is GetInterpBlockDesc), 1 reserved, 2 the subclass's own block. Both blocks come from
 // the class descriptor, which must list the interpolation block too (SimpleSplineDesc
 // does that).
+//
+// Scene files: the blocks save themselves and the shape is only a cache of what they
+// build, so a procedural shape has no state of its own to save. One made for loading
+// has ivalid empty and builds its shape on first use.
 class SimpleSpline : public ShapeObject {
 public:
     // The interpolation block: its id, slot and parameters.

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
+#include "host/classes/ChunkIO.h"
+#include "host/classes/HostChunkIds.h"
 #include "host/math/CubicBezier.h"
 
 namespace host {
@@ -57,6 +60,22 @@ void AddSegmentToBox(const Point3 (&p)[4], Box3& box) {
         const int n = CoordinateExtremes(p[0][axis], p[1][axis], p[2][axis], p[3][axis], roots);
         for (int r = 0; r < n; ++r) box += BezierPoint(p, float(roots[r]));
     }
+}
+
+void WriteKnot(ISave* isave, const SplineKnot& k) {
+    WriteValues(isave, int32_t(k.Ktype()), int32_t(k.Ltype()), k.Knot(), k.InVec(), k.OutVec());
+}
+
+IOResult ReadKnot(ILoad* iload, SplineKnot& k) {
+    int32_t ktype = 0, ltype = 0;
+    Point3 point, in, out;
+    if (ReadValues(iload, ktype, ltype, point, in, out) != IO_OK) return IO_ERROR;
+    if (ktype < KTYPE_AUTO || ktype > KTYPE_BEZIER_CORNER)
+        return LoadError(iload, "a knot has the unknown type " + std::to_string(ktype));
+    if (ltype < LTYPE_CURVE || ltype > LTYPE_LINE)
+        return LoadError(iload, "a knot has the unknown line type " + std::to_string(ltype));
+    k = SplineKnot(ktype, ltype, point, in, out);
+    return IO_OK;
 }
 
 }  // namespace
@@ -281,6 +300,26 @@ Box3 Spline3D::GetBBox() const {
 float Spline3D::SplineLength() const {
     UpdateGeomCache();
     return lengths_.back();
+}
+
+void Spline3D::Save(ISave* isave) const {
+    isave->BeginChunk(chunks::SPLINE_KNOTS);
+    WriteRecords(isave, knots_, [isave](const SplineKnot& k) { WriteKnot(isave, k); });
+    isave->EndChunk();
+    WriteFlagChunk(isave, chunks::SPLINE_CLOSED, closed_);
+}
+
+IOResult Spline3D::Load(ILoad* iload) {
+    Spline3D loaded;
+    const IOResult result = ReadChunks(iload, [&](uint16_t id) {
+        if (id == chunks::SPLINE_KNOTS)
+            return ReadRecords(iload, 2 * sizeof(int32_t) + 3 * sizeof(Point3), loaded.knots_,
+                               [iload](SplineKnot& k) { return ReadKnot(iload, k); });
+        return id == chunks::SPLINE_CLOSED ? ReadFlag(iload, loaded.closed_) : IO_OK;
+    });
+    if (result != IO_OK) return IO_ERROR;
+    *this = std::move(loaded);
+    return IO_OK;
 }
 
 }  // namespace host

@@ -5,8 +5,12 @@
 #include "host/classes/SplineKnot.h"
 #include "host/math/Box3.h"
 #include "host/math/Matrix3.h"
+#include "host/object/IOResult.h"
 
 namespace host {
+
+class ISave;
+class ILoad;
 
 // How InterpCurve3D and TangentCurve3D read their parameter u (0 to 1).
 inline constexpr int SPLINE_INTERP_SIMPLE = 0;      // each segment takes an equal share of u
@@ -85,6 +89,11 @@ public:
     Box3 GetBBox() const;
     // The length in world units, summed over chords of the sampled curve.
     float SplineLength() const;
+
+    // The knots and whether the spline is closed, as chunks. Load fails on a knot or line
+    // type that does not exist, leaving the spline as it was.
+    void Save(ISave* isave) const;
+    IOResult Load(ILoad* iload);
 
     // True while the geometry cache is stale.
     bool Dirty() const { return dirty_; }

@@ -36,7 +36,7 @@ uint64_t ChunkReader::CurChunkLength() {
 }
 
 IOResult ChunkReader::CloseChunk() {
-    if (open_.empty()) return Fail("a chunk was closed that was never opened");
+    if (int(open_.size()) <= floor_) return Fail("a chunk was closed that was never opened");
     pos_ = open_.back().end;
     open_.pop_back();
     return Failed() ? IO_ERROR : IO_OK;
@@ -67,8 +67,8 @@ IOResult ChunkReader::Fail(const std::string& what) {
     return IO_ERROR;
 }
 
-void ChunkReader::ResolveBackpatches(const std::function<void*(int)>& objectOf) {
-    for (const Backpatch& b : backpatches_) *b.patch = objectOf(b.id);
+void ChunkReader::ResolveBackpatches(const std::function<ReferenceTarget*(int)>& objectOf) {
+    for (const Backpatch& b : backpatches_) b.apply(objectOf(b.id));
     backpatches_.clear();
 }
 

@@ -24,7 +24,10 @@ public:
     uint64_t Remaining() override { return End() - pos_; }
     IOResult CloseChunk() override;
     IOResult Read(void* data, size_t bytes, size_t* read) override;
-    void RecordBackpatch(int id, void** patch) override { backpatches_.push_back({id, patch}); }
+    using ILoad::RecordBackpatch;
+    void RecordBackpatch(int id, std::function<void(ReferenceTarget*)> apply) override {
+        backpatches_.push_back({id, std::move(apply)});
+    }
     void RegisterPostLoadCallback(PostLoadCallback* callback) override;
     void SetError(const std::string& what) override;
 
@@ -33,9 +36,12 @@ public:
     bool Failed() const { return !error_.empty(); }
     size_t Position() const { return pos_; }
     int Depth() const { return int(open_.size()); }
+    // Chunks at this depth and above cannot be closed: an object reading its own data
+    // cannot step out of it.
+    void SetFloor(int depth) { floor_ = depth; }
 
     // Fills the recorded pointers from the reader's numbering of objects.
-    void ResolveBackpatches(const std::function<void*(int)>& objectOf);
+    void ResolveBackpatches(const std::function<ReferenceTarget*(int)>& objectOf);
     void RunPostLoadCallbacks();
 
 private:
@@ -45,7 +51,7 @@ private:
     };
     struct Backpatch {
         int id;
-        void** patch;
+        std::function<void(ReferenceTarget*)> apply;
     };
     size_t End() const { return open_.empty() ? bytes_.size() : open_.back().end; }
     IOResult Fail(const std::string& what);
@@ -56,6 +62,7 @@ private:
     std::vector<Backpatch> backpatches_;
     std::vector<std::unique_ptr<PostLoadCallback>> callbacks_;
     std::string error_;
+    int floor_ = 0;
 };
 
 }  // namespace host

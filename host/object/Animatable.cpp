@@ -61,6 +61,12 @@ void Animatable::SetProperty(uint32_t id, AnimProperty* data) {
     if (data) properties_.emplace_back(id, std::unique_ptr<AnimProperty>(data));
 }
 
+bool Animatable::AdoptCustAttribContainer(ICustAttribContainer* container) {
+    if (custAttribs_) return custAttribs_ == container;
+    custAttribs_ = container;
+    return true;
+}
+
 void Animatable::AllocCustAttribContainer() {
     if (!custAttribs_) custAttribs_ = new ICustAttribContainer(this);
 }

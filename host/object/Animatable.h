@@ -75,6 +75,8 @@ public:
     // The custom attributes of this object; null until AllocCustAttribContainer.
     ICustAttribContainer* GetCustAttribContainer() { return custAttribs_; }
     void AllocCustAttribContainer();
+    // A container read from a scene file becomes this object's, unless it has one.
+    bool AdoptCustAttribContainer(ICustAttribContainer* container);
 
     void SetAFlag(uint32_t mask) { flags_ |= mask; }
     void ClearAFlag(uint32_t mask) { flags_ &= ~mask; }

@@ -7,6 +7,8 @@
 #include "host/object/INode.h"
 #include "host/object/Interface.h"
 #include "host/object/NotifyRestore.h"
+#include "host/object/ObjectChunkIO.h"
+#include "host/object/ObjectChunkIds.h"
 
 namespace host {
 
@@ -90,6 +92,38 @@ RefResult DerivedObject::ReferenceObject(Object* obj) {
     TellModifiersAbove(NumModifiers(), FOREVER, PART_ALL, REFMSG_CHANGE);
     NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
     return REF_SUCCEED;
+}
+
+IOResult DerivedObject::Save(ISave* isave) {
+    isave->BeginChunk(chunks::DERIVOB_MODIFIERS);
+    IOResult res = isave->WriteValue(uint32_t(mods_.size()));
+    for (const Entry& entry : mods_) {
+        if (res == IO_OK) res = chunkio::WriteMatrix(isave, entry.mc->tm);
+        if (res == IO_OK) res = isave->WriteValue(entry.mc->box);
+    }
+    isave->EndChunk();
+    return res;
+}
+
+IOResult DerivedObject::Load(ILoad* iload) {
+    return chunkio::ReadChunks(iload, [this, iload](uint16_t id) {
+        return id == chunks::DERIVOB_MODIFIERS ? LoadModifiers(iload) : IO_OK;
+    });
+}
+
+IOResult DerivedObject::LoadModifiers(ILoad* iload) {
+    uint32_t count = 0;
+    if (iload->ReadCount(count, chunkio::kMatrixBytes + sizeof(Box3)) != IO_OK) return IO_ERROR;
+    std::vector<Entry> mods(count);
+    for (Entry& entry : mods) {
+        entry.mc = std::make_shared<ModContext>();
+        if (chunkio::ReadMatrix(iload, entry.mc->tm) != IO_OK ||
+            iload->ReadValue(entry.mc->box) != IO_OK)
+            return IO_ERROR;
+    }
+    mods_ = std::move(mods);
+    DropCache();
+    return IO_OK;
 }
 
 void DerivedObject::InsertEntry(int at, std::shared_ptr<ModContext> mc) {

@@ -59,6 +59,13 @@ public:
     Animatable* SubAnim(int i) override;
     WStr SubAnimName(int i) override;
 
+    // The stack's places with their contexts (transform and box); the modifiers and the
+    // object below are references, so Load makes their places, empty, for the scene
+    // reader to fill. A modifier's local data is not saved: only the modifier could read
+    // it, and it arrives after Load.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* target) override;
 
@@ -74,6 +81,7 @@ private:
         bool owned = false;
     };
 
+    IOResult LoadModifiers(ILoad* iload);
     void InsertEntry(int at, std::shared_ptr<ModContext> mc);
     void EraseEntry(int at);
     // The object below with the modifiers from the bottom up to index top applied;

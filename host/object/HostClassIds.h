@@ -31,5 +31,9 @@ inline constexpr Class_ID ROTATION_LIST_CLASS_ID(0x4B4B1003, 0);
 inline constexpr Class_ID SCALE_LIST_CLASS_ID(0x4B4B1004, 0);
 inline constexpr Class_ID ORIENTATION_CONSTRAINT_CLASS_ID(0x2020, 0);
 inline constexpr Class_ID LINK_CONTROL_CLASS_ID(0x4B4B1010, 0);
+// Object-model classes the scene reader makes for loading.
+inline constexpr Class_ID PARAM_BLOCK2_CLASS_ID(0x7C1E5A02, 0x2B90D3F4);
+inline constexpr Class_ID CUST_ATTRIB_CONTAINER_CLASS_ID(0x5D0C7E13, 0x61A4F289);
+inline constexpr Class_ID TRACK_VIEW_NODE_CLASS_ID(0x3A9F24C6, 0x0E57B1D8);
 
 }  // namespace host

@@ -3,6 +3,8 @@
 #include <cassert>
 
 #include "host/object/Hold.h"
+#include "host/object/ObjectChunkIO.h"
+#include "host/object/ObjectChunkIds.h"
 
 namespace host {
 
@@ -74,6 +76,49 @@ void ICustAttribContainer::StructureChanged() {
     NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
     if (auto* owner = dynamic_cast<ReferenceTarget*>(owner_))
         owner->NotifyDependents(FOREVER, PART_ALL, REFMSG_SUBANIM_STRUCTURE_CHANGED);
+}
+
+// Each slot is saved as a flag (whether it held an attribute), which also keeps the
+// count within what its chunk holds.
+IOResult ICustAttribContainer::Save(ISave* isave) {
+    isave->WriteChunk(chunks::CA_OWNER, int32_t(isave->GetRefID(owner_)));
+    isave->BeginChunk(chunks::CA_SLOTS);
+    IOResult res = isave->WriteValue(uint32_t(attribs_.size()));
+    for (CustAttrib* ca : attribs_)
+        if (res == IO_OK) res = isave->WriteValue(uint8_t(ca != nullptr));
+    isave->EndChunk();
+    return res;
+}
+
+IOResult ICustAttribContainer::Load(ILoad* iload) {
+    return chunkio::ReadChunks(iload, [this, iload](uint16_t id) {
+        switch (id) {
+            case chunks::CA_OWNER:
+                return LoadOwner(iload);
+            case chunks::CA_SLOTS:
+                return LoadSlots(iload);
+            default:
+                return IO_OK;
+        }
+    });
+}
+
+IOResult ICustAttribContainer::LoadOwner(ILoad* iload) {
+    int32_t owner = -1;
+    if (iload->ReadValue(owner) != IO_OK) return IO_ERROR;
+    // The owner keeps the container as its own; a second container claiming the same
+    // owner stays without one.
+    iload->RecordBackpatch(owner, [this](ReferenceTarget* target) {
+        if (target && target->AdoptCustAttribContainer(this)) owner_ = target;
+    });
+    return IO_OK;
+}
+
+IOResult ICustAttribContainer::LoadSlots(ILoad* iload) {
+    uint32_t count = 0;
+    if (iload->ReadCount(count, sizeof(uint8_t)) != IO_OK) return IO_ERROR;
+    attribs_.assign(count, nullptr);
+    return IO_OK;
 }
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "host/object/CustAttrib.h"
+#include "host/object/HostClassIds.h"
 
 namespace host {
 
@@ -12,6 +13,11 @@ namespace host {
 class ICustAttribContainer : public ReferenceTarget {
 public:
     explicit ICustAttribContainer(Animatable* owner) : owner_(owner) {}
+    // An empty container without an owner, for the scene reader to load.
+    explicit ICustAttribContainer(bool /*loading*/) {}
+
+    Class_ID ClassID() override { return CUST_ATTRIB_CONTAINER_CLASS_ID; }
+    SClass_ID SuperClassID() override { return REF_TARGET_CLASS_ID; }
 
     int GetNumCustAttribs() const { return int(attribs_.size()); }
     // Null outside the list.
@@ -29,6 +35,11 @@ public:
     Animatable* SubAnim(int i) override { return GetCustAttrib(i); }
     WStr SubAnimName(int i) override;
 
+    // The owner and the number of attribute slots: the attributes are references, so
+    // Load makes their slots, empty, for the scene reader to fill.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* t) override;
 
@@ -38,8 +49,10 @@ private:
     void InsertSlot(int i);
     void EraseSlot(int i);
     void StructureChanged();
+    IOResult LoadOwner(ILoad* iload);
+    IOResult LoadSlots(ILoad* iload);
 
-    Animatable* owner_;
+    Animatable* owner_ = nullptr;
     std::vector<CustAttrib*> attribs_;
 };
 

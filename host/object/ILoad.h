@@ -2,11 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <type_traits>
 
 #include "host/core/WStr.h"
 #include "host/object/IOResult.h"
+#include "host/object/ReferenceTarget.h"
 
 namespace host {
 
@@ -32,9 +34,15 @@ public:
     virtual uint64_t Remaining() = 0;
     virtual IOResult CloseChunk() = 0;
     virtual IOResult Read(void* data, size_t bytes, size_t* read) = 0;
-    // Once everything is read, *patch receives the object the file numbered id (null
+    // Once every object is made, apply receives the object the file numbered id (null
     // for -1 or a number it does not hold).
-    virtual void RecordBackpatch(int id, void** patch) = 0;
+    virtual void RecordBackpatch(int id, std::function<void(ReferenceTarget*)> apply) = 0;
+    // The same for a pointer field of type T*: null unless the object is a T.
+    template <class T>
+    void RecordBackpatch(int id, T** patch) {
+        RecordBackpatch(id,
+                        [patch](ReferenceTarget* target) { *patch = dynamic_cast<T*>(target); });
+    }
     // Takes ownership; runs after the load, in the order registered.
     virtual void RegisterPostLoadCallback(PostLoadCallback* callback) = 0;
     // Says what is wrong with the data in the reader's error message; the load fails.

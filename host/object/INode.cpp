@@ -1,12 +1,16 @@
 #include "host/object/INode.h"
 
 #include <algorithm>
+#include <array>
 
 #include "host/math/MatrixHelpers.h"
 #include "host/object/Control.h"
 #include "host/object/Hold.h"
+#include "host/object/ILoad.h"
+#include "host/object/ISave.h"
 #include "host/object/Interface.h"
 #include "host/object/Mtl.h"
+#include "host/object/NodeChunkIds.h"
 #include "host/object/Object.h"
 #include "host/object/SnapshotRestore.h"
 
@@ -302,6 +306,87 @@ void INode::LoadProperties(const Properties& p) {
     NotifyDependents(FOREVER, PART_ALL, renamed ? REFMSG_NODE_NAMECHANGE : REFMSG_CHANGE);
 }
 
+IOResult INode::Save(ISave* isave) {
+    using namespace chunks;
+    isave->BeginChunk(NODE_NAME);
+    isave->WriteWString(props_.name);
+    isave->EndChunk();
+    isave->WriteChunk(NODE_WIRE_COLOR, props_.wireColor);
+    isave->WriteChunk(NODE_VISIBILITY, props_.visibility);
+    isave->WriteChunk(NODE_FLAGS, props_.flags);
+    isave->WriteChunk(NODE_BONE, std::array<int32_t, 2>{props_.boneScaleType, props_.showBone});
+    isave->WriteChunk(NODE_LOCKS, props_.locks);
+    isave->BeginChunk(NODE_OFFSET);
+    isave->WriteValue(props_.offsetPos);
+    isave->WriteValue(props_.offsetRot);
+    isave->WriteValue(props_.offsetScale);
+    isave->EndChunk();
+    isave->WriteChunk(NODE_HANDLE, handle_);
+    isave->BeginChunk(NODE_CHILDREN);
+    isave->WriteValue(uint32_t(children_.size()));
+    for (INode* child : children_) isave->WriteValue(int32_t(isave->GetRefID(child)));
+    isave->EndChunk();
+    return IO_OK;
+}
+
+IOResult INode::Load(ILoad* iload) {
+    using namespace chunks;
+    IOResult res;
+    while ((res = iload->OpenChunk()) == IO_OK) {
+        if (LoadChunk(iload) != IO_OK) return IO_ERROR;
+        iload->CloseChunk();
+    }
+    return res == IO_END ? IO_OK : IO_ERROR;
+}
+
+IOResult INode::LoadChunk(ILoad* iload) {
+    using namespace chunks;
+    std::array<int32_t, 2> bone{};
+    switch (iload->CurChunkID()) {
+        case NODE_NAME:
+            return iload->ReadWString(props_.name);
+        case NODE_WIRE_COLOR:
+            return iload->ReadValue(props_.wireColor);
+        case NODE_VISIBILITY:
+            return iload->ReadValue(props_.visibility);
+        case NODE_FLAGS:
+            return iload->ReadValue(props_.flags);
+        case NODE_BONE:
+            if (iload->ReadValue(bone) != IO_OK) return IO_ERROR;
+            props_.boneScaleType = bone[0];
+            props_.showBone = bone[1];
+            return IO_OK;
+        case NODE_LOCKS:
+            return iload->ReadValue(props_.locks);
+        case NODE_OFFSET:
+            if (iload->ReadValue(props_.offsetPos) != IO_OK ||
+                iload->ReadValue(props_.offsetRot) != IO_OK)
+                return IO_ERROR;
+            return iload->ReadValue(props_.offsetScale);
+        case NODE_HANDLE:
+            return iload->ReadValue(handle_);
+        case NODE_CHILDREN:
+            return LoadChildren(iload);
+        default:
+            return IO_OK;
+    }
+}
+
+IOResult INode::LoadChildren(ILoad* iload) {
+    uint32_t count = 0;
+    if (iload->ReadCount(count, sizeof(int32_t)) != IO_OK) return IO_ERROR;
+    for (uint32_t i = 0; i < count; ++i) {
+        int32_t id = -1;
+        if (iload->ReadValue(id) != IO_OK) return IO_ERROR;
+        // In the order saved, once every node exists; a node that would become its own
+        // ancestor is refused by AttachChild.
+        iload->RecordBackpatch(id, [this](ReferenceTarget* target) {
+            if (auto* child = dynamic_cast<INode*>(target)) AttachChild(child, false);
+        });
+    }
+    return IO_OK;
+}
+
 ReferenceTarget* INode::GetReference(int i) {
     switch (i) {
         case TM_REF:
@@ -320,18 +405,18 @@ ReferenceTarget* INode::GetReference(int i) {
 void INode::SetReference(int i, ReferenceTarget* target) {
     switch (i) {
         case TM_REF:
-            tmControl_ = static_cast<Control*>(target);
+            tmControl_ = dynamic_cast<Control*>(target);
             DropTMCaches();
             break;
         case OBJ_REF:
-            object_ = static_cast<Object*>(target);
+            object_ = dynamic_cast<Object*>(target);
             wsValid_ = NEVER;
             break;
         case VIS_REF:
-            visControl_ = static_cast<Control*>(target);
+            visControl_ = dynamic_cast<Control*>(target);
             break;
         case MTL_REF:
-            mtl_ = static_cast<Mtl*>(target);
+            mtl_ = dynamic_cast<Mtl*>(target);
             break;
         default:
             break;

@@ -151,6 +151,11 @@ public:
     bool GetTransformLock(int type, int axis) const;
     void SetTransformLock(int type, int axis, bool on);
 
+    // The properties, handle and children; the controllers, object and material are
+    // references. A loaded node takes its children as the scene reader makes them.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
     int NumRefs() override { return NUM_REFS; }
     ReferenceTarget* GetReference(int i) override;
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
@@ -196,6 +201,8 @@ private:
     // Records the properties when holding, changes them, and tells the dependents.
     template <typename Edit>
     void EditProperties(Edit edit, RefMessage message = REFMSG_CHANGE);
+    IOResult LoadChunk(ILoad* iload);
+    IOResult LoadChildren(ILoad* iload);
     Properties SaveProperties() const { return props_; }
     void LoadProperties(const Properties& p);
     // Moves node under parent, last, recorded when holding.

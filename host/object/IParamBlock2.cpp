@@ -1,8 +1,12 @@
 #include "host/object/IParamBlock2.h"
 
+#include <cstdio>
+
 #include "host/object/Animate.h"
 #include "host/object/ClassDesc2.h"
 #include "host/object/Hold.h"
+#include "host/object/ObjectChunkIO.h"
+#include "host/object/ObjectChunkIds.h"
 
 namespace host {
 
@@ -83,8 +87,15 @@ void ClassDesc2::MakeAutoParamBlocks(ReferenceMaker* owner) {
             owner->ReplaceReference(pbd->RefNo(), new IParamBlock2(pbd, owner));
 }
 
-IParamBlock2::IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner)
-    : desc_(desc), owner_(owner), values_(size_t(desc->Count())) {
+IParamBlock2::IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner) : owner_(owner) {
+    Init(desc);
+}
+
+IParamBlock2::IParamBlock2(bool) {}
+
+void IParamBlock2::Init(ParamBlockDesc2* desc) {
+    desc_ = desc;
+    values_.assign(size_t(desc->Count()), {});
     for (int i = 0; i < desc->Count(); ++i) {
         const ParamDef& def = desc->Param(i);
         values_[size_t(i)].assign(IsTable(def.type) ? size_t(def.tableSize) : 1,
@@ -374,6 +385,7 @@ ReferenceTarget* IParamBlock2::GetReference(int i) {
 
 void IParamBlock2::SetReference(int i, ReferenceTarget* t) {
     const Element e = RefElement(i);
+    if (e.index < 0) return;  // a slot the block does not have (a file saved with more)
     values_[size_t(e.index)][size_t(e.tab)].ref = t;
     // Undo and redo put references back without passing through Set: the accessor of
     // a node or target parameter sees them here.
@@ -440,6 +452,196 @@ RefResult IParamBlock2::NotifyRefChanged(const Interval&, ReferenceTarget* hTarg
         }
     }
     return REF_SUCCEED;
+}
+
+namespace {
+
+// The bytes a file holds for one value of a kind: a string's are its length and the
+// text after it. Reference kinds keep their value in the reference slot, and kinds a
+// block cannot hold have none.
+size_t ValueBytes(ValueKind kind) {
+    switch (kind) {
+        case ValueKind::Float:
+            return sizeof(float);
+        case ValueKind::Int:
+            return sizeof(int32_t);
+        case ValueKind::Point3:
+            return sizeof(Point3);
+        case ValueKind::Point2:
+            return sizeof(Point2);
+        case ValueKind::Matrix:
+            return chunkio::kMatrixBytes;
+        case ValueKind::String:
+            return sizeof(uint32_t);
+        default:
+            return 0;
+    }
+}
+
+IOResult WriteValueOf(ISave* isave, ValueKind kind, const PB2Value& v) {
+    switch (kind) {
+        case ValueKind::Float:
+            return isave->WriteValue(v.f);
+        case ValueKind::Int:
+            return isave->WriteValue(int32_t(v.i));
+        case ValueKind::Point3:
+            return isave->WriteValue(v.p);
+        case ValueKind::Point2:
+            return isave->WriteValue(v.p2);
+        case ValueKind::Matrix:
+            return chunkio::WriteMatrix(isave, v.m);
+        case ValueKind::String:
+            return isave->WriteWString(v.s);
+        default:
+            return IO_OK;
+    }
+}
+
+IOResult ReadValueOf(ILoad* iload, ValueKind kind, PB2Value& v) {
+    int32_t i = 0;
+    switch (kind) {
+        case ValueKind::Float:
+            return iload->ReadValue(v.f);
+        case ValueKind::Int:
+            if (iload->ReadValue(i) != IO_OK) return IO_ERROR;
+            v.i = i;
+            return IO_OK;
+        case ValueKind::Point3:
+            return iload->ReadValue(v.p);
+        case ValueKind::Point2:
+            return iload->ReadValue(v.p2);
+        case ValueKind::Matrix:
+            return chunkio::ReadMatrix(iload, v.m);
+        case ValueKind::String:
+            return iload->ReadWString(v.s);
+        default:
+            return IO_OK;
+    }
+}
+
+// The definition of block id among those of the registered class (superClass, cid).
+ParamBlockDesc2* FindBlockDesc(SClass_ID superClass, Class_ID cid, BlockID id) {
+    ClassDesc2* cd = ClassRegistry::Instance().Find(superClass, cid);
+    for (int i = 0; cd && i < cd->NumParamBlockDescs(); ++i)
+        if (cd->GetParamBlockDesc(i)->ID() == id) return cd->GetParamBlockDesc(i);
+    return nullptr;
+}
+
+std::string ClassText(SClass_ID superClass, Class_ID cid) {
+    char text[48];
+    std::snprintf(text, sizeof(text), "(0x%x, 0x%x:0x%x)", unsigned(superClass),
+                  unsigned(cid.PartA()), unsigned(cid.PartB()));
+    return text;
+}
+
+}  // namespace
+
+size_t IParamBlock2::ElementBytes(int index, bool withValues) const {
+    const size_t value = withValues ? ValueBytes(KindOf(desc_->Param(index).type)) : 0;
+    return value + (HoldsReferences(index) ? sizeof(uint8_t) : 0);
+}
+
+IOResult IParamBlock2::Save(ISave* isave) {
+    ClassDesc2* cd = desc_ ? desc_->GetClassDesc() : nullptr;
+    if (!cd) return IO_ERROR;  // nothing could find the definition again
+    isave->BeginChunk(chunks::PB_HEADER);
+    IOResult res = chunkio::WriteValues(isave, ID(), cd->SuperClassID());
+    if (res == IO_OK) res = chunkio::WriteClassID(isave, cd->ClassID());
+    if (res == IO_OK) res = isave->WriteValue(int32_t(isave->GetRefID(owner_)));
+    isave->EndChunk();
+    for (int index = 0; index < NumParams() && res == IO_OK; ++index) res = SaveParam(isave, index);
+    return res;
+}
+
+// A transient parameter keeps only its count and which elements hold references, and
+// only when it holds references: the reference slots of the block depend on them.
+IOResult IParamBlock2::SaveParam(ISave* isave, int index) {
+    const ParamDef& def = desc_->Param(index);
+    const bool withValues = !(def.flags & P_TRANSIENT);
+    if (ElementBytes(index, withValues) == 0) return IO_OK;
+    const auto& elements = values_[size_t(index)];
+    isave->BeginChunk(withValues ? chunks::PB_PARAM : chunks::PB_PARAM_SLOTS);
+    IOResult res =
+        chunkio::WriteValues(isave, def.id, int32_t(def.type), uint32_t(elements.size()));
+    for (const Slot& slot : elements) {
+        if (res == IO_OK && withValues) res = WriteValueOf(isave, KindOf(def.type), slot.v);
+        if (res == IO_OK && HoldsReferences(index))
+            res = isave->WriteValue(uint8_t(slot.ref != nullptr));
+    }
+    isave->EndChunk();
+    return res;
+}
+
+IOResult IParamBlock2::Load(ILoad* iload) {
+    const IOResult res = chunkio::ReadChunks(iload, [this, iload](uint16_t id) {
+        switch (id) {
+            case chunks::PB_HEADER:
+                return LoadHeader(iload);
+            case chunks::PB_PARAM:
+                return LoadParam(iload, true);
+            case chunks::PB_PARAM_SLOTS:
+                return LoadParam(iload, false);
+            default:
+                return IO_OK;
+        }
+    });
+    if (res == IO_OK && !desc_) return chunkio::LoadError(iload, "a parameter block has no header");
+    return res;
+}
+
+IOResult IParamBlock2::LoadHeader(ILoad* iload) {
+    BlockID id = 0;
+    SClass_ID superClass = 0;
+    Class_ID cid;
+    int32_t owner = -1;
+    if (chunkio::ReadValues(iload, id, superClass) != IO_OK ||
+        chunkio::ReadClassID(iload, cid) != IO_OK || iload->ReadValue(owner) != IO_OK)
+        return IO_ERROR;
+    ParamBlockDesc2* desc = FindBlockDesc(superClass, cid, id);
+    if (!desc)
+        return chunkio::LoadError(iload, "no registered class " + ClassText(superClass, cid) +
+                                             " defines parameter block " + std::to_string(id));
+    Init(desc);
+    iload->RecordBackpatch(owner, &owner_);
+    return IO_OK;
+}
+
+IOResult IParamBlock2::LoadParam(ILoad* iload, bool withValues) {
+    ParamID id = 0;
+    int32_t type = 0;
+    if (!desc_) return chunkio::LoadError(iload, "a parameter comes before its block's header");
+    if (chunkio::ReadValues(iload, id, type) != IO_OK) return IO_ERROR;
+    const int index = desc_->IDtoIndex(id);
+    if (index < 0) return IO_OK;  // a parameter this definition no longer has
+    const ParamType2 defined = desc_->Param(index).type;
+    if (type != defined)
+        return chunkio::LoadError(iload, ParamText(id) + " is saved as type " +
+                                             std::to_string(type) + " but defined as type " +
+                                             std::to_string(defined));
+    return LoadElements(iload, index, withValues);
+}
+
+IOResult IParamBlock2::LoadElements(ILoad* iload, int index, bool withValues) {
+    const ParamDef& def = desc_->Param(index);
+    const size_t bytes = ElementBytes(index, withValues);
+    if (bytes == 0) return IO_OK;  // nothing of it is kept
+    uint32_t count = 0;
+    if (iload->ReadCount(count, bytes) != IO_OK) return IO_ERROR;
+    if (count != 1 && !IsTable(def.type))
+        return chunkio::LoadError(iload, ParamText(def.id) + " is not a table but has " +
+                                             std::to_string(count) + " values");
+    std::vector<Slot> elements(count, Slot{def.def, nullptr});
+    uint8_t hadReference = 0;  // the scene reader sets the reference itself
+    for (Slot& slot : elements) {
+        if (withValues && ReadValueOf(iload, KindOf(def.type), slot.v) != IO_OK) return IO_ERROR;
+        if (HoldsReferences(index) && iload->ReadValue(hadReference) != IO_OK) return IO_ERROR;
+    }
+    values_[size_t(index)] = std::move(elements);
+    return IO_OK;
+}
+
+std::string IParamBlock2::ParamText(ParamID id) const {
+    return "parameter " + std::to_string(id) + " of block " + std::to_string(ID());
 }
 
 }  // namespace host

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "host/object/Control.h"
+#include "host/object/HostClassIds.h"
 #include "host/object/ParamBlockDesc2.h"
 
 namespace host {
@@ -16,15 +18,22 @@ inline constexpr SClass_ID PARAMETER_BLOCK2_CLASS_ID = 0x82;
 // while animating. Node and reference-target parameters are references of the block,
 // so the owner hears its nodes. A table parameter holds any number of elements (a
 // plain one exactly one), each with its own value, reference or controller.
+//
+// The scene reader makes a block by its class id, empty, and its Load finds the
+// definition again by the block id and the class that defines it (which must be
+// registered), then sizes every parameter as saved so that the references fit.
 class IParamBlock2 : public ReferenceTarget {
 public:
     IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner);
+    // A block without a definition or parameters, for the scene reader to load.
+    explicit IParamBlock2(bool loading);
 
     ParamBlockDesc2* GetDesc() { return desc_; }
     ReferenceMaker* GetOwner() { return owner_; }
-    BlockID ID() const { return desc_->ID(); }
+    BlockID ID() const { return desc_ ? desc_->ID() : BlockID(-1); }
+    Class_ID ClassID() override { return PARAM_BLOCK2_CLASS_ID; }
     SClass_ID SuperClassID() override { return PARAMETER_BLOCK2_CLASS_ID; }
-    int NumParams() const { return desc_->Count(); }
+    int NumParams() const { return int(values_.size()); }
     ParamID IndexToID(int i) const { return desc_->Param(i).id; }
     int IDtoIndex(ParamID id) const { return desc_->IDtoIndex(id); }
     const ParamDef* GetParamDef(ParamID id) const { return desc_->GetParamDef(id); }
@@ -85,6 +94,14 @@ public:
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
                                RefMessage message, bool propagate) override;
 
+    // Every parameter but the transient ones: values, table counts, and which elements
+    // hold references. Fails for a block whose definition belongs to no class.
+    IOResult Save(ISave* isave) override;
+    // Fails for a definition no registered class has, a parameter saved with another type
+    // or a plain parameter saved with other than one value; skips parameters the
+    // definition does not know.
+    IOResult Load(ILoad* iload) override;
+
 protected:
     void SetReference(int i, ReferenceTarget* t) override;
 
@@ -101,6 +118,15 @@ private:
         int tab = 0;     // element of it
     };
 
+    void Init(ParamBlockDesc2* desc);
+    IOResult SaveParam(ISave* isave, int index);
+    IOResult LoadHeader(ILoad* iload);
+    IOResult LoadParam(ILoad* iload, bool withValues);
+    IOResult LoadElements(ILoad* iload, int index, bool withValues);
+    // "parameter id of block n", for the reader's messages.
+    std::string ParamText(ParamID id) const;
+    // The fewest bytes a file holds for one element of parameter index.
+    size_t ElementBytes(int index, bool withValues) const;
     // The index of parameter id if it has element tab (and takes values of kind).
     int FindElement(ParamID id, int tab) const;
     int Find(ParamID id, Kind kind, int tab) const;
@@ -123,8 +149,8 @@ private:
     template <typename T>
     bool Write(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field, const T& value);
 
-    ParamBlockDesc2* desc_;
-    ReferenceMaker* owner_;
+    ParamBlockDesc2* desc_ = nullptr;
+    ReferenceMaker* owner_ = nullptr;
     std::vector<std::vector<Slot>> values_;  // per parameter: its elements
     ParamID lastParam_ = -1;
     int lastTab_ = 0;

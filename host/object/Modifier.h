@@ -34,6 +34,15 @@ public:
     void EnableMod() { SetEnabled(true); }
     void DisableMod() { SetEnabled(false); }
 
+    // The enabled switch. A subclass with state of its own saves it after calling
+    // Modifier::Save, and hands the chunks its Load does not know to LoadChunk.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
+protected:
+    // Reads the open chunk when id is one of Modifier's; reads nothing for any other.
+    IOResult LoadChunk(ILoad* iload, uint16_t id);
+
 private:
     class EnableRestore;
     void SetEnabled(bool on);

@@ -15,6 +15,10 @@ public:
     const WStr& GetName() const { return name_; }
     void SetName(const WStr& name) { name_ = name; }
 
+    // Save and Load keep the name.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 private:
     WStr name_;
 };

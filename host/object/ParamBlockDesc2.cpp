@@ -19,7 +19,7 @@ void SetLoading(bool loading) {
 
 ParamBlockDesc2::ParamBlockDesc2(BlockID id, const wchar_t* name, uint32_t flags, int refNo,
                                  ClassDesc2* cd, std::vector<ParamDef> params)
-    : id_(id), name_(name), flags_(flags), refNo_(refNo), params_(std::move(params)) {
+    : id_(id), name_(name), flags_(flags), refNo_(refNo), cd_(cd), params_(std::move(params)) {
     int largest = -1;
     for (const ParamDef& p : params_) largest = std::max<int>(largest, p.id);
     index_.assign(size_t(largest + 1), -1);

@@ -46,6 +46,8 @@ public:
                     std::vector<ParamDef> params);
 
     BlockID ID() const { return id_; }
+    // The class whose descriptor holds this definition, or null.
+    ClassDesc2* GetClassDesc() const { return cd_; }
     const wchar_t* Name() const { return name_; }
     uint32_t Flags() const { return flags_; }
     // The owner's reference slot that holds the block.
@@ -66,6 +68,7 @@ private:
     const wchar_t* name_;
     uint32_t flags_;
     int refNo_;
+    ClassDesc2* cd_;
     std::vector<ParamDef> params_;
     std::vector<int> index_;  // by parameter id
 };

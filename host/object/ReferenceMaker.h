@@ -50,8 +50,6 @@ protected:
 
 private:
     friend class ReferenceTarget;
-    class ISave;
-    class ILoad;
     friend class RefSystem;
     // Delivers a message: the loop probe's mark, the class's handler, then propagation.
     RefResult DeliverMessage(const Interval& changeInt, ReferenceTarget* hTarget, PartID partID,

@@ -1,6 +1,8 @@
 #include "host/object/TrackViewNode.h"
 
 #include "host/object/Hold.h"
+#include "host/object/ObjectChunkIO.h"
+#include "host/object/ObjectChunkIds.h"
 
 namespace host {
 
@@ -65,6 +67,37 @@ void TrackViewNode::Clear() {
     for (int i = NumItems() - 1; i >= 0; --i) ReplaceReference(i, nullptr);
     items_.clear();
     theHold.Resume();
+}
+
+IOResult TrackViewNode::Save(ISave* isave) {
+    isave->BeginChunk(chunks::TVNODE_ITEMS);
+    IOResult res = isave->WriteValue(uint32_t(items_.size()));
+    for (const Item& item : items_) {
+        if (res == IO_OK) res = isave->WriteWString(item.name);
+        if (res == IO_OK) res = chunkio::WriteClassID(isave, item.cid);
+    }
+    isave->EndChunk();
+    return res;
+}
+
+IOResult TrackViewNode::Load(ILoad* iload) {
+    return chunkio::ReadChunks(iload, [this, iload](uint16_t id) {
+        return id == chunks::TVNODE_ITEMS ? LoadItems(iload) : IO_OK;
+    });
+}
+
+IOResult TrackViewNode::LoadItems(ILoad* iload) {
+    // An item takes at least its name's length and its tag.
+    constexpr size_t kItemBytes = sizeof(uint32_t) + 2 * sizeof(uint32_t);
+    uint32_t count = 0;
+    if (iload->ReadCount(count, kItemBytes) != IO_OK) return IO_ERROR;
+    std::vector<Item> items(count);
+    for (Item& item : items)
+        if (iload->ReadWString(item.name) != IO_OK ||
+            chunkio::ReadClassID(iload, item.cid) != IO_OK)
+            return IO_ERROR;
+    items_ = std::move(items);
+    return IO_OK;
 }
 
 }  // namespace host

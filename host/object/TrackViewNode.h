@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "host/object/ClassRegistry.h"
+#include "host/object/HostClassIds.h"
 #include "host/object/ReferenceTarget.h"
 
 namespace host {
@@ -11,6 +13,11 @@ namespace host {
 // Each item owns its track through a reference; adding and removing are undoable.
 class TrackViewNode : public ReferenceTarget {
 public:
+    // A tree's node; with loading, one the scene reader makes.
+    explicit TrackViewNode(bool loading = false) : inTree_(!loading) {}
+
+    Class_ID ClassID() override { return TRACK_VIEW_NODE_CLASS_ID; }
+    SClass_ID SuperClassID() override { return REF_TARGET_CLASS_ID; }
     WStr GetClassName() override { return WStr(L"Track View Node"); }
 
     // Appends track under name with the tag cid; returns its index.
@@ -31,9 +38,15 @@ public:
     Animatable* SubAnim(int i) override { return GetTrack(i); }
     WStr SubAnimName(int i) override { return GetName(i); }
 
+    // The items' names and tags; the tracks are references, so Load makes the items
+    // without them, for the scene reader to fill.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
 protected:
-    // A track view node belongs to the tree that holds it, whatever refers to it.
-    bool OwnedByDependents() const override { return false; }
+    // A track view node belongs to the tree that holds it, whatever refers to it; one
+    // the scene reader made belongs to what refers to it, as any target does.
+    bool OwnedByDependents() const override { return !inTree_; }
     void SetReference(int i, ReferenceTarget* target) override {
         if (Valid(i)) items_[size_t(i)].track = target;
     }
@@ -48,7 +61,9 @@ private:
     bool Valid(int i) const { return i >= 0 && i < NumItems(); }
     // Records the names and tags of the items when holding.
     void Record();
+    IOResult LoadItems(ILoad* iload);
 
+    bool inTree_;
     std::vector<Item> items_;
 };
 
