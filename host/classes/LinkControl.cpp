@@ -119,7 +119,7 @@ ReferenceTarget* LinkControl::GetReference(int i) {
 
 void LinkControl::SetReference(int i, ReferenceTarget* t) {
     if (i == 0)
-        sub_ = static_cast<Control*>(t);
+        sub_ = dynamic_cast<Control*>(t);
     else if (links_.OwnsSlot(i))
         links_.SetSlot(i, t);
 }

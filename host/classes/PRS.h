@@ -39,7 +39,7 @@ public:
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
-    void SetReference(int i, ReferenceTarget* t) override { subs_[i] = static_cast<Control*>(t); }
+    void SetReference(int i, ReferenceTarget* t) override { subs_[i] = dynamic_cast<Control*>(t); }
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return subs_[i]; }
 

@@ -58,8 +58,8 @@ ReferenceTarget* SimpleSpline::GetReference(int i) {
 }
 
 void SimpleSpline::SetReference(int i, ReferenceTarget* target) {
-    if (i == INTERP_BLOCK_REF) ipblock = static_cast<IParamBlock2*>(target);
-    if (i == PBLOCK_REF) pblock2 = static_cast<IParamBlock2*>(target);
+    if (i == INTERP_BLOCK_REF) ipblock = dynamic_cast<IParamBlock2*>(target);
+    if (i == PBLOCK_REF) pblock2 = dynamic_cast<IParamBlock2*>(target);
 }
 
 Animatable* SimpleSpline::SubAnim(int i) {

@@ -27,7 +27,9 @@ public:
 protected:
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return tracks_[i]; }
-    void SetReference(int i, ReferenceTarget* t) override { tracks_[i] = static_cast<Control*>(t); }
+    void SetReference(int i, ReferenceTarget* t) override {
+        tracks_[i] = dynamic_cast<Control*>(t);
+    }
     // The three tracks' values at t, narrowing valid.
     Point3 ReadTracks(TimeValue t, Interval& valid);
     // Each track takes its component.

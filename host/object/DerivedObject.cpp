@@ -277,9 +277,9 @@ ReferenceTarget* DerivedObject::GetReference(int i) {
 void DerivedObject::SetReference(int i, ReferenceTarget* target) {
     assert(i >= 0 && i < NumRefs());
     if (i == 0) {
-        obj_ = static_cast<Object*>(target);
+        obj_ = dynamic_cast<Object*>(target);
     } else {
-        mods_[size_t(i - 1)].mod = static_cast<Modifier*>(target);
+        mods_[size_t(i - 1)].mod = dynamic_cast<Modifier*>(target);
     }
     DropCache();
 }
