@@ -12,6 +12,7 @@
 #include "host/object/INode.h"
 #include "host/object/Interface.h"
 #include "host/object/Notifications.h"
+#include "host/object/ObjectChunkIO.h"
 #include "host/object/PBAccessor.h"
 #include "host/object/RefSystem.h"
 #include "host/object/TrackViewNode.h"
@@ -70,11 +71,8 @@ bool SceneReader::Read(std::span<const uint8_t> bytes, Interface& ip, std::strin
 SceneReader::SceneReader(std::span<const uint8_t> bytes, Interface& ip) : reader_(bytes), ip_(ip) {}
 
 bool SceneReader::Parse() {
-    IOResult res;
-    while ((res = reader_.OpenChunk()) == IO_OK) {
-        if (ReadTopChunk() != IO_OK || reader_.CloseChunk() != IO_OK) return Fail("");
-    }
-    if (res == IO_ERROR) return false;
+    if (chunkio::ReadChunks(&reader_, [this](uint16_t) { return ReadTopChunk(); }) != IO_OK)
+        return false;
     if (!hasTime_) return Fail("the scene's time chunk is missing");
     return true;
 }
@@ -124,23 +122,18 @@ IOResult SceneReader::ReadClasses() {
 }
 
 IOResult SceneReader::ReadObjects() {
-    IOResult res;
-    while ((res = reader_.OpenChunk()) == IO_OK) {
-        if (reader_.CurChunkID() == chunks::SCENE_OBJECT && ReadObject() != IO_OK) return IO_ERROR;
-        if (reader_.CloseChunk() != IO_OK) return IO_ERROR;
-    }
-    return res == IO_END ? IO_OK : IO_ERROR;
+    return chunkio::ReadChunks(&reader_, [this](uint16_t id) {
+        return id == chunks::SCENE_OBJECT ? ReadObject() : IO_OK;
+    });
 }
 
 IOResult SceneReader::ReadObject() {
     const size_t index = objects_.size();
     objects_.push_back(nullptr);
     slots_.emplace_back();
-    IOResult res;
-    while ((res = reader_.OpenChunk()) == IO_OK) {
-        if (ReadObjectChunk(index) != IO_OK || reader_.CloseChunk() != IO_OK) return IO_ERROR;
-    }
-    if (res == IO_ERROR) return IO_ERROR;
+    if (chunkio::ReadChunks(&reader_, [this, index](uint16_t) { return ReadObjectChunk(index); }) !=
+        IO_OK)
+        return IO_ERROR;
     if (!objects_[index]) {
         Fail("object " + std::to_string(index + 1) + " has no class");
         return IO_ERROR;

@@ -12,6 +12,7 @@
 #include "host/object/Mtl.h"
 #include "host/object/NodeChunkIds.h"
 #include "host/object/Object.h"
+#include "host/object/ObjectChunkIO.h"
 #include "host/object/SnapshotRestore.h"
 
 namespace host {
@@ -330,13 +331,7 @@ IOResult INode::Save(ISave* isave) {
 }
 
 IOResult INode::Load(ILoad* iload) {
-    using namespace chunks;
-    IOResult res;
-    while ((res = iload->OpenChunk()) == IO_OK) {
-        if (LoadChunk(iload) != IO_OK) return IO_ERROR;
-        iload->CloseChunk();
-    }
-    return res == IO_END ? IO_OK : IO_ERROR;
+    return chunkio::ReadChunks(iload, [this, iload](uint16_t) { return LoadChunk(iload); });
 }
 
 IOResult INode::LoadChunk(ILoad* iload) {

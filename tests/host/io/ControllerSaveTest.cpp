@@ -23,20 +23,12 @@
 #include "host/classes/ValueList.h"
 #include "host/object/Interface.h"
 #include "tests/host/io/SaveLoadTestSupport.h"
+#include "tests/host/scene/SceneTestSupport.h"
 
 namespace host::test {
 namespace {
 
-class ControllerSave : public ::testing::Test {
-protected:
-    void SetUp() override {
-        RegisterHostClasses();
-        ip->Reset();
-    }
-    void TearDown() override { ip->Reset(); }
-
-    Interface* ip = GetCOREInterface();
-};
+class ControllerSave : public SceneTest {};
 
 // Both controllers read alike (relatively: a float added to 0, a matrix from the
 // identity) before, between and after the keys, validity included.
