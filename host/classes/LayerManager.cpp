@@ -55,23 +55,28 @@ void LayerManager::Save(ISave* isave) const {
     }
 }
 
-IOResult LayerManager::Load(ILoad* iload) {
-    // Made apart, then taken whole: a failed load leaves the present layers alone.
-    LayerManager loaded;
+std::unique_ptr<ILayerManager> LayerManager::LoadApart(ILoad* iload) const {
+    auto loaded = std::make_unique<LayerManager>();
     std::vector<int> parents(1, -1);
     const IOResult result = ReadChunks(iload, [&](uint16_t id) {
-        return id == chunks::LAYERS_LAYER ? loaded.LoadLayer(iload, parents) : IO_OK;
+        return id == chunks::LAYERS_LAYER ? loaded->LoadLayer(iload, parents) : IO_OK;
     });
-    if (result != IO_OK) return IO_ERROR;
-    for (int i = 1; i < loaded.GetLayerCount(); ++i) {
+    if (result != IO_OK) return nullptr;
+    for (int i = 1; i < loaded->GetLayerCount(); ++i) {
         const int parent = parents[size_t(i)];
-        if (parent < -1 || parent >= loaded.GetLayerCount() ||
-            !loaded.GetLayer(i)->SetParentLayer(loaded.GetLayer(parent)))
-            return LoadError(iload, "layer " + std::to_string(i) + " cannot have parent " +
-                                        std::to_string(parent));
+        if (parent < -1 || parent >= loaded->GetLayerCount() ||
+            !loaded->GetLayer(i)->SetParentLayer(loaded->GetLayer(parent))) {
+            LoadError(iload, "layer " + std::to_string(i) + " cannot have parent " +
+                                 std::to_string(parent));
+            return nullptr;
+        }
     }
-    layers_ = std::move(loaded.layers_);
-    return IO_OK;
+    return loaded;
+}
+
+void LayerManager::Adopt(std::unique_ptr<ILayerManager> loaded) {
+    if (auto* layers = dynamic_cast<LayerManager*>(loaded.get()))
+        layers_ = std::move(layers->layers_);
 }
 
 IOResult LayerManager::LoadLayer(ILoad* iload, std::vector<int>& parents) {

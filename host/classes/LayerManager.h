@@ -15,9 +15,8 @@ class ILoad;
 // made on request and last until the scene is reset.
 //
 // The scene file holds the layers but the default one: names and parents. Nodes keep
-// their layers themselves, so a scene reader loads the layers into the manager the
-// interface holds, after Reset and before any node is put on a layer: loading replaces
-// every layer object.
+// their layers themselves; a scene reader puts its nodes on the layers of a manager it
+// loaded apart, and adopting that manager's layers keeps them there.
 class LayerManager : public ILayerManager {
 public:
     LayerManager();
@@ -29,10 +28,10 @@ public:
     ILayer* GetNodeLayer(INode* node) override;
     void Reset() override;
 
-    void Save(ISave* isave) const;
-    // Fails on an empty or repeated name or a parent that is not a layer or makes a
-    // loop, leaving the layers as they were.
-    IOResult Load(ILoad* iload);
+    void Save(ISave* isave) const override;
+    // Fails on an empty or repeated name or a parent that is not a layer or makes a loop.
+    std::unique_ptr<ILayerManager> LoadApart(ILoad* iload) const override;
+    void Adopt(std::unique_ptr<ILayerManager> loaded) override;
 
 private:
     // The index of layer in the manager, -1 for null.

@@ -45,7 +45,9 @@ mode_t ModeFor(const std::string& path) {
 }  // namespace
 
 bool SaveSceneFile(const std::string& path, Interface& ip, std::string& error) {
-    const std::vector<uint8_t> bytes = SceneWriter::Write(ip);
+    std::string failure;
+    const std::vector<uint8_t> bytes = SceneWriter::Write(ip, &failure);
+    if (bytes.empty()) return Refuse(path, "the scene was not saved: " + failure, error);
     std::string temp = path + ".saving-XXXXXX";
     const int fd = ::mkstemp(temp.data());
     if (fd < 0)

@@ -70,6 +70,8 @@ bool SceneReader::Read(std::span<const uint8_t> bytes, Interface& ip, std::strin
 
 SceneReader::SceneReader(std::span<const uint8_t> bytes, Interface& ip) : reader_(bytes), ip_(ip) {}
 
+SceneReader::~SceneReader() = default;
+
 bool SceneReader::Parse() {
     if (chunkio::ReadChunks(&reader_, [this](uint16_t) { return ReadTopChunk(); }) != IO_OK)
         return false;
@@ -91,6 +93,10 @@ IOResult SceneReader::ReadTopChunk() {
             return ReadNumbers(root_);
         case chunks::SCENE_SELECTION:
             return ReadNumbers(selection_);
+        case chunks::SCENE_LAYERS:
+            return ReadLayers();
+        case chunks::SCENE_NODE_LAYERS:
+            return ReadNodeLayers();
         default:
             return IO_OK;
     }
@@ -181,6 +187,26 @@ IOResult SceneReader::ReadNumbers(std::vector<int32_t>& numbers) {
     return IO_OK;
 }
 
+// The layers are read into a manager apart from the scene's, which takes them only when
+// the whole file has been read.
+IOResult SceneReader::ReadLayers() {
+    const ILayerManager* layers = ip_.GetLayerManager();
+    if (!layers) return IO_OK;
+    layers_ = layers->LoadApart(&reader_);
+    if (layers_) return IO_OK;
+    Fail("the scene's layers are damaged: " + reader_.Error());
+    return IO_ERROR;
+}
+
+IOResult SceneReader::ReadNodeLayers() {
+    uint32_t count = 0;
+    if (reader_.ReadCount(count, 2 * sizeof(int32_t)) != IO_OK) return IO_ERROR;
+    nodeLayers_.resize(count);
+    for (auto& [node, layer] : nodeLayers_)
+        if (reader_.ReadValue(node) != IO_OK || reader_.ReadValue(layer) != IO_OK) return IO_ERROR;
+    return IO_OK;
+}
+
 IOResult SceneReader::MakeObject(size_t index, uint32_t classIndex) {
     if (objects_[index] || classIndex >= classes_.size()) {
         Fail("object " + std::to_string(index + 1) + " names no class of the directory");
@@ -210,6 +236,7 @@ bool SceneReader::CheckNumbers() {
         return true;
     };
     if (!valid(root_) || !valid(selection_)) return Fail("the root or selection names no object");
+    if (!CheckNodeLayers()) return Fail("a node is put on a layer the scene does not have");
     for (size_t i = 0; i < objects_.size(); ++i) {
         auto* indirect = dynamic_cast<IIndirectReferenceMaker*>(objects_[i]);
         const int refs = objects_[i]->NumRefs();
@@ -223,6 +250,16 @@ bool SceneReader::CheckNumbers() {
     return true;
 }
 
+// Each membership names a node and a layer that was read, not the default one. A scene
+// read without a layer manager keeps its nodes on the default layer.
+bool SceneReader::CheckNodeLayers() const {
+    if (!ip_.GetLayerManager()) return true;
+    const int count = layers_ ? layers_->GetLayerCount() : 0;
+    return std::all_of(nodeLayers_.begin(), nodeLayers_.end(), [&](const auto& member) {
+        return NodeOf(member.first) && member.second >= 1 && member.second < count;
+    });
+}
+
 void SceneReader::Link() {
     for (size_t i = 0; i < objects_.size(); ++i) {
         const Slots& slots = slots_[i];
@@ -233,13 +270,18 @@ void SceneReader::Link() {
             indirect->SetIndirectReference(int(s), ObjectOf(slots.indirect[s]));
     }
     reader_.ResolveBackpatches([this](int id) { return ObjectOf(id); });
+    for (const auto& [node, layer] : nodeLayers_)
+        if (layers_) NodeOf(node)->SetLayer(layers_->GetLayer(layer));
 }
 
 void SceneReader::Install() {
     BroadcastNotification(NOTIFY_FILE_PRE_OPEN);
     theHold.ClearUndo();
     ip_.GetScene().Clear();
-    if (ILayerManager* layers = ip_.GetLayerManager()) layers->Reset();
+    if (ILayerManager* layers = ip_.GetLayerManager()) {
+        layers->Reset();
+        if (layers_) layers->Adopt(std::move(layers_));
+    }
     ip_.SetFrameRate(time_[3]);
     ip_.SetAnimRange(Interval(time_[1], time_[2]));
     ip_.SetTime(time_[0], false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 
 namespace host {
 
+class ILayerManager;
 class INode;
 class Interface;
 class ReferenceTarget;
@@ -33,6 +35,7 @@ private:
     };
 
     SceneReader(std::span<const uint8_t> bytes, Interface& ip);
+    ~SceneReader();
     bool Parse();
     IOResult ReadTopChunk();
     IOResult ReadTime();
@@ -42,8 +45,11 @@ private:
     IOResult ReadObjectChunk(size_t index);
     IOResult ReadObjectData(size_t index);
     IOResult ReadNumbers(std::vector<int32_t>& numbers);
+    IOResult ReadLayers();
+    IOResult ReadNodeLayers();
     IOResult MakeObject(size_t index, uint32_t classIndex);
     bool CheckNumbers();
+    bool CheckNodeLayers() const;
     void Link();
     void Install();
     void InstallTracks();
@@ -63,6 +69,8 @@ private:
     std::vector<ReferenceTarget*> objects_;
     std::vector<Slots> slots_;
     std::vector<int32_t> root_, selection_;
+    std::unique_ptr<ILayerManager> layers_;                // read apart, adopted on install
+    std::vector<std::pair<int32_t, int32_t>> nodeLayers_;  // node number, layer index
     std::string error_;
 };
 

@@ -5,6 +5,7 @@
 #include "host/io/SceneChunkIds.h"
 #include "host/object/ICustAttribContainer.h"
 #include "host/object/IIndirectReferenceMaker.h"
+#include "host/object/ILayerManager.h"
 #include "host/object/INode.h"
 #include "host/object/Interface.h"
 
@@ -34,7 +35,7 @@ std::vector<ReferenceTarget*> Children(INode* node) {
 
 }  // namespace
 
-std::vector<uint8_t> SceneWriter::Write(Interface& ip) {
+std::vector<uint8_t> SceneWriter::Write(Interface& ip, std::string* error) {
     SceneWriter w(ip);
     w.Gather();
     size_t written = 0;
@@ -49,7 +50,10 @@ std::vector<uint8_t> SceneWriter::Write(Interface& ip) {
     w.WriteNumbers(chunks::SCENE_ROOT, Children(ip.GetRootNode()));
     const auto& selection = ip.GetScene().Selection();
     w.WriteNumbers(chunks::SCENE_SELECTION, {selection.begin(), selection.end()});
-    return w.Bytes();
+    w.WriteLayers();
+    if (w.failure_.empty()) return w.Bytes();
+    if (error) *error = w.failure_;
+    return {};
 }
 
 int SceneWriter::GetRefID(void* object) {
@@ -103,11 +107,38 @@ void SceneWriter::WriteClasses() {
     EndChunk();
 }
 
+// The layers, when there are more than the default one, and then the nodes that are on
+// one of them, in the order of their numbers.
+void SceneWriter::WriteLayers() {
+    ILayerManager* layers = ip_.GetLayerManager();
+    if (!layers || layers->GetLayerCount() < 2) return;
+    BeginChunk(chunks::SCENE_LAYERS);
+    layers->Save(this);
+    EndChunk();
+    std::unordered_map<const ILayer*, int32_t> indices;
+    for (int i = 1; i < layers->GetLayerCount(); ++i) indices[layers->GetLayer(i)] = i;
+    std::vector<std::pair<int32_t, int32_t>> members;
+    for (size_t n = 0; n < objects_.size(); ++n)
+        if (auto* node = dynamic_cast<INode*>(objects_[n]))
+            if (const auto it = indices.find(node->GetLayer()); it != indices.end())
+                members.emplace_back(int32_t(n + 1), it->second);
+    if (members.empty()) return;
+    BeginChunk(chunks::SCENE_NODE_LAYERS);
+    WriteValue(uint32_t(members.size()));
+    for (const auto& [node, layer] : members) {
+        WriteValue(node);
+        WriteValue(layer);
+    }
+    EndChunk();
+}
+
 void SceneWriter::WriteObject(ReferenceTarget* object) {
     BeginChunk(chunks::SCENE_OBJECT);
     WriteChunk(chunks::OBJECT_CLASS, ClassIndex(object));
     BeginChunk(chunks::OBJECT_DATA);
-    object->Save(this);
+    if (object->Save(this) != IO_OK && failure_.empty())
+        failure_ = "object " + std::to_string(GetRefID(object)) + " (" +
+                   object->GetClassName().ToUtf8() + ") could not save itself";
     EndChunk();
     WriteNumbers(chunks::OBJECT_REFS, Slots(object));
     const std::vector<ReferenceTarget*> indirect = IndirectSlots(object);

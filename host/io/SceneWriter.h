@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -15,11 +16,13 @@ class ReferenceTarget;
 // Writes a whole scene: time and range, the class directory, every object reachable from
 // the root (nodes through their children, everything through references, weak ones
 // included), each with its class, its own chunks and its reference slots by number, then
-// the root's children and the selection. The root is number 0; objects are numbered from
-// 1 in the order met, so the same scene always gives the same bytes.
+// the root's children, the selection and the layers with the nodes on them. The root is number 0;
+// objects are numbered from 1 in the order met, so the same scene always gives the same bytes.
 class SceneWriter : public ChunkWriter {
 public:
-    static std::vector<uint8_t> Write(Interface& ip);
+    // The scene's bytes; empty, with what failed in error when given, when an object
+    // cannot save itself.
+    static std::vector<uint8_t> Write(Interface& ip, std::string* error = nullptr);
 
     int GetRefID(void* object) override;
 
@@ -29,6 +32,7 @@ private:
     void Meet(ReferenceTarget* target, std::vector<ReferenceTarget*>& pending);
     void WriteTime();
     void WriteClasses();
+    void WriteLayers();
     void WriteObject(ReferenceTarget* object);
     void WriteNumbers(uint16_t id, const std::vector<ReferenceTarget*>& objects);
     uint32_t ClassIndex(ReferenceTarget* object);
@@ -43,6 +47,7 @@ private:
     std::vector<ReferenceTarget*> objects_;
     std::unordered_map<const void*, int> numbers_;
     std::vector<ClassKey> classes_;
+    std::string failure_;
 };
 
 }  // namespace host

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <memory>
+
 #include "host/core/WStr.h"
+#include "host/object/IOResult.h"
 
 namespace host {
 
 class INode;
+class ISave;
+class ILoad;
 
 // A named layer of the scene: nodes belong to one layer each, and layers nest.
 class ILayer {
@@ -30,6 +35,23 @@ public:
     virtual ILayer* GetNodeLayer(INode* node) = 0;
     // Back to the default layer alone.
     virtual void Reset() = 0;
+
+    // Every layer but the default one, as chunks: names and parents.
+    virtual void Save(ISave* isave) const = 0;
+    // Saved layers read into a manager of their own, apart from this one, so that a
+    // reader can check a whole file before it changes the scene. Null, with the fault
+    // recorded on iload, when the layers are unsound.
+    virtual std::unique_ptr<ILayerManager> LoadApart(ILoad* iload) const = 0;
+    // Takes the layers of a manager that LoadApart made, in place of its own; the taken
+    // layers keep their addresses, so nodes put on them stay there.
+    virtual void Adopt(std::unique_ptr<ILayerManager> loaded) = 0;
+    // Reads saved layers in place of the present ones, or fails and keeps them.
+    IOResult Load(ILoad* iload) {
+        std::unique_ptr<ILayerManager> loaded = LoadApart(iload);
+        if (!loaded) return IO_ERROR;
+        Adopt(std::move(loaded));
+        return IO_OK;
+    }
 };
 
 }  // namespace host

@@ -542,7 +542,11 @@ size_t IParamBlock2::ElementBytes(int index, bool withValues) const {
 }
 
 IOResult IParamBlock2::Save(ISave* isave) {
+    // A definition that several classes share (a shape's interpolation block) is found
+    // again through the owner's class, which lists it.
     ClassDesc2* cd = desc_ ? desc_->GetClassDesc() : nullptr;
+    if (!cd && desc_ && owner_)
+        cd = ClassRegistry::Instance().Find(owner_->SuperClassID(), owner_->ClassID());
     if (!cd) return IO_ERROR;  // nothing could find the definition again
     isave->BeginChunk(chunks::PB_HEADER);
     IOResult res = chunkio::WriteValues(isave, ID(), cd->SuperClassID());

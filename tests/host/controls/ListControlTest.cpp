@@ -93,6 +93,12 @@ TEST_F(RotationLists, WeightsScaleEachEntrysShare) {
     scales->SetWeight(0, 0.5f);
     scales->GetValue(0, &product, valid);
     EXPECT_TRUE(PointNear(product.s, {2, 3, 4}, 1e-4f));
+    ScaleValue mirrored(Point3(-4, 9, 16));
+    scales->GetSubCtrl(0)->SetValue(0, &mirrored);
+    scales->GetValue(0, &product, valid);
+    EXPECT_TRUE(MatrixNear(ScaleValueMatrix(product), ScaleMatrix({-2, 3, 4}), 1e-4f))
+        << "a weighted mirror stays one";
+    scales->GetSubCtrl(0)->SetValue(0, &s);
     ScaleValue wantedScale(Point3(0.5f, 1, 3));
     scales->SetValue(0, &wantedScale);
     scales->GetValue(0, &product, valid);

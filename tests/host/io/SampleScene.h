@@ -17,7 +17,7 @@
 namespace host::test {
 
 // The scene of tests/data/sample_scene.tnx: a small keyed hierarchy of helpers and bones
-// with a TCB rotation, a position list, a custom track, a layer and a selection. The file
+// with a TCB rotation, a position list, a custom track, two nested layers and a selection. The file
 // was written from this scene; a test loads the file and compares it with a fresh build,
 // so that files written by earlier versions keep loading.
 inline void BuildSampleScene(Interface& ip) {
@@ -59,6 +59,14 @@ inline void BuildSampleScene(Interface& ip) {
         L"Offset");
     list->SetWeight(1, 0.5f);
     list->SetActive(1);
+
+    ILayerManager* layers = ip.GetLayerManager();
+    ILayer* rig = layers->CreateLayer(WStr(L"Rig"));
+    ILayer* bones = layers->CreateLayer(WStr(L"Bones"));
+    bones->SetParentLayer(rig);
+    rig->AddToLayer(pelvis);
+    bones->AddToLayer(spine);
+    bones->AddToLayer(head);
 
     tail->SetWireColor(RGB(200, 40, 10));
     head->SetObjOffsetPos(Point3(0, 0, 2));

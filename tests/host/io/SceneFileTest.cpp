@@ -9,6 +9,7 @@
 #include "host/io/SceneFile.h"
 #include "host/io/SceneReader.h"
 #include "host/io/SceneWriter.h"
+#include "tests/host/io/EveryClassScene.h"
 #include "tests/host/io/SampleScene.h"
 #include "tests/host/scene/SceneTestSupport.h"
 
@@ -24,6 +25,9 @@ protected:
     void Build(int count, uint32_t seed) {
         std::mt19937 rng(seed);
         std::vector<INode*> nodes;
+        ILayer* outer = ip->GetLayerManager()->CreateLayer(WStr(L"Outer"));
+        ILayer* inner = ip->GetLayerManager()->CreateLayer(WStr(L"Inner"));
+        inner->SetParentLayer(outer);
         for (int i = 0; i < count; ++i) {
             INode* node = ip->CreateObjectNode(nullptr);
             if (i > 0 && rng() % 4 != 0) nodes[rng() % nodes.size()]->AttachChild(node, false);
@@ -32,6 +36,8 @@ protected:
             node->Hide(rng() % 2 == 0);
             node->SetTransformLock(1, int(rng() % 3), true);
             node->SetObjOffsetPos(Point3(1, 2, float(i)));
+            if (ILayer* layer = i % 3 == 1 ? inner : i % 3 == 2 ? outer : nullptr)
+                layer->AddToLayer(node);
             nodes.push_back(node);
         }
         ip->GetTrackViewRootNode()->AddController(new BezierFloat, L"Tools", Class_ID(7, 9));
@@ -41,19 +47,64 @@ protected:
         ip->SetTime(384, false);
     }
 
-    // Every node's world transform at 50 times, by name.
-    std::map<std::wstring, std::vector<Matrix3>> Transforms() {
-        std::map<std::wstring, std::vector<Matrix3>> all;
-        std::vector<INode*> stack{ip->GetRootNode()};
+    using TransformMap = std::map<std::wstring, std::vector<Matrix3>>;
+    // The first node and sample time whose transforms differ, or "" when none do.
+    static std::string FirstDifference(const TransformMap& a, const TransformMap& b) {
+        if (a.size() != b.size()) return "the node counts differ";
+        for (const auto& [name, tms] : a) {
+            const auto it = b.find(name);
+            if (it == b.end()) return WStr(name.c_str()).ToUtf8() + " is missing";
+            for (size_t k = 0; k < tms.size(); ++k)
+                if (!(tms[k] == it->second[k]))
+                    return WStr(name.c_str()).ToUtf8() + " at sample " + std::to_string(k);
+        }
+        return "";
+    }
+
+    // Saves the scene, loads it in place of itself, and expects the same bytes from the
+    // loaded scene and the same transforms at every sample.
+    void ExpectRoundTrip() {
+        const auto before = Transforms();
+        const std::vector<uint8_t> saved = SceneWriter::Write(*ip);
+        ip->Reset();
+        std::string error;
+        ASSERT_TRUE(SceneReader::Read(saved, *ip, error)) << error;
+        EXPECT_EQ(SceneWriter::Write(*ip), saved);
+        EXPECT_EQ(FirstDifference(Transforms(), before), "");
+    }
+
+    // The layer of every node and the parent of every layer, by name.
+    std::map<std::wstring, std::wstring> Layers() {
+        std::map<std::wstring, std::wstring> all;
+        ILayerManager* layers = ip->GetLayerManager();
+        for (INode* node : Nodes())
+            all[node->GetName()] = layers->GetNodeLayer(node)->GetName().data();
+        for (int i = 0; i < layers->GetLayerCount(); ++i)
+            if (ILayer* parent = layers->GetLayer(i)->GetParentLayer())
+                all[std::wstring(L"layer ") + layers->GetLayer(i)->GetName().data()] =
+                    parent->GetName().data();
+        return all;
+    }
+
+    // Every node below the root.
+    std::vector<INode*> Nodes() {
+        std::vector<INode*> nodes, stack{ip->GetRootNode()};
         while (!stack.empty()) {
             INode* node = stack.back();
             stack.pop_back();
             for (int i = 0; i < node->NumberOfChildren(); ++i)
                 stack.push_back(node->GetChildNode(i));
-            if (node->IsRootNode()) continue;
+            if (!node->IsRootNode()) nodes.push_back(node);
+        }
+        return nodes;
+    }
+
+    // Every node's world transform at 50 times, by name.
+    TransformMap Transforms() {
+        TransformMap all;
+        for (INode* node : Nodes())
             for (int k = 0; k < 50; ++k)
                 all[node->GetName()].push_back(node->GetNodeTM(k * 97 - 300));
-        }
         return all;
     }
 
@@ -69,22 +120,27 @@ protected:
 };
 
 // Save, load and save again gives the same bytes, and the loaded scene moves as the
-// saved one did.
+// saved one did and has its layers.
 TEST_F(SceneFiles, RoundTripKeepsBytesAndTransforms) {
     for (uint32_t seed : {1u, 2u, 3u}) {
         Build(12, seed);
-        const auto before = Transforms();
-        const std::vector<uint8_t> saved = SceneWriter::Write(*ip);
-        ip->Reset();
-        std::string error;
-        ASSERT_TRUE(SceneReader::Read(saved, *ip, error)) << error;
-        EXPECT_EQ(SceneWriter::Write(*ip), saved) << seed;
-        EXPECT_EQ(Transforms(), before) << seed;
+        const auto layers = Layers();
+        ASSERT_NO_FATAL_FAILURE(ExpectRoundTrip());
+        EXPECT_EQ(Layers(), layers) << seed;
         EXPECT_EQ(ip->GetFrameRate(), 25);
         EXPECT_EQ(ip->GetAnimRange(), Interval(-480, 9600));
         EXPECT_EQ(ip->GetTime(), 384);
         ASSERT_EQ(ip->GetScene().Selection().size(), 2u);
         EXPECT_EQ(ip->GetTrackViewRootNode()->FindItem(L"Tools", Class_ID(7, 9)), 0);
+        ip->Reset();
+    }
+}
+
+// The same for scenes that use every class the host has, in random arrangements.
+TEST_F(SceneFiles, EveryClassRoundTrips) {
+    for (uint32_t seed : {11u, 12u, 13u}) {
+        test::EveryClassScene(*ip, seed).Build();
+        ASSERT_NO_FATAL_FAILURE(ExpectRoundTrip()) << seed;
         ip->Reset();
     }
 }
@@ -107,7 +163,7 @@ TEST_F(SceneFiles, DamagedFilesLeaveTheSceneAlone) {
         EXPECT_EQ(error.rfind(path + ": ", 0), 0u) << error;
         EXPECT_EQ(SceneWriter::Write(*ip), presentBytes) << n;
     }
-    EXPECT_EQ(Transforms(), present);
+    EXPECT_EQ(FirstDifference(Transforms(), present), "");
     EXPECT_FALSE(LoadSceneFile((dir_ / "none.tnx").string(), *ip, error));
     EXPECT_NE(error.find("cannot be opened"), std::string::npos) << error;
 }
@@ -137,6 +193,18 @@ TEST_F(SceneFiles, FailedSaveKeepsTheOldFile) {
     EXPECT_EQ(error.rfind(target.string() + ": ", 0), 0u) << error;
     EXPECT_TRUE(fs::exists(target / "inside"));
     EXPECT_EQ(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()), 1);
+
+    // An object that cannot save itself fails the save, and the old file stays whole.
+    struct Unsaveable : BezierFloat {
+        IOResult Save(ISave*) override { return IO_ERROR; }
+    };
+    const std::string path = (dir_ / "kept.tnx").string();
+    ASSERT_TRUE(SaveSceneFile(path, *ip, error)) << error;
+    const auto kept = fs::file_size(path);
+    ip->GetTrackViewRootNode()->AddController(new Unsaveable, L"Bad", Class_ID(1, 1));
+    EXPECT_FALSE(SaveSceneFile(path, *ip, error));
+    EXPECT_NE(error.find("could not save itself"), std::string::npos) << error;
+    EXPECT_EQ(fs::file_size(path), kept);
 }
 
 // The checked-in sample, written by an earlier build, still loads into the scene it was
@@ -144,11 +212,13 @@ TEST_F(SceneFiles, FailedSaveKeepsTheOldFile) {
 TEST_F(SceneFiles, TheSampleSceneStillLoads) {
     test::BuildSampleScene(*ip);
     const auto built = Transforms();
+    const auto layers = Layers();
     const size_t selected = ip->GetScene().Selection().size();
     ip->Reset();
     std::string error;
     ASSERT_TRUE(LoadSceneFile(ZV_SAMPLE_SCENE, *ip, error)) << error;
-    EXPECT_EQ(Transforms(), built);
+    EXPECT_EQ(FirstDifference(Transforms(), built), "");
+    EXPECT_EQ(Layers(), layers);
     EXPECT_EQ(ip->GetScene().Selection().size(), selected);
     EXPECT_EQ(ip->GetTrackViewRootNode()->FindItem(L"Tools", Class_ID(0x51, 0x52)), 0);
 }
