@@ -35,5 +35,7 @@ inline constexpr uint16_t TVNODE_ITEMS = 0x0400;
 // of the range 0x7000..0x70FF.
 inline constexpr uint16_t MODIFIER_ENABLED = 0x7010;
 inline constexpr uint16_t MTL_NAME = 0x7030;
+// One byte: bit 0 renderable, bit 1 displayed as a mesh.
+inline constexpr uint16_t SHAPE_RENDER_FLAGS = 0x7040;
 
 }  // namespace host::chunks

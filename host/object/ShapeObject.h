@@ -17,6 +17,15 @@ public:
     bool GetDispRenderMesh() const { return displayAsMesh_; }
     void SetDispRenderMesh(bool on) { displayAsMesh_ = on; }
 
+    // The two switches. A subclass with state of its own saves it after calling
+    // ShapeObject::Save, and hands the chunks its Load does not know to LoadChunk.
+    IOResult Save(ISave* isave) override;
+    IOResult Load(ILoad* iload) override;
+
+protected:
+    // Reads the open chunk when id is one of ShapeObject's; reads nothing for any other.
+    IOResult LoadChunk(ILoad* iload, uint16_t id);
+
 private:
     bool renderable_ = false;
     bool displayAsMesh_ = false;

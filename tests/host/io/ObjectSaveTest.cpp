@@ -15,6 +15,7 @@
 #include "host/classes/MorphModifier.h"
 #include "host/classes/PointHelper.h"
 #include "host/classes/PolyObject.h"
+#include "host/object/ShapeObject.h"
 #include "tests/host/io/SaveLoadTestSupport.h"
 
 namespace host::test {
@@ -125,6 +126,19 @@ TEST_F(ObjectSave, ShapesKeepSplinesSettingsAndSelections) {
         EXPECT_TRUE(*loaded.SegSel(i) == *original.SegSel(i));
     }
     LoadEveryPrefixOf(original);
+
+    // A shape object keeps its render switches, each on its own.
+    for (const auto& [renderable, asMesh] : {std::pair{true, false}, std::pair{false, true}}) {
+        auto* text = static_cast<ShapeObject*>(GetTextShapeDesc()->Create(false));
+        text->SetRenderable(renderable);
+        text->SetDispRenderMesh(asMesh);
+        auto* copy = SaveAndLoad(text);
+        ASSERT_NE(copy, nullptr);
+        EXPECT_EQ(copy->GetRenderable(), renderable);
+        EXPECT_EQ(copy->GetDispRenderMesh(), asMesh);
+        text->DeleteMe();
+        copy->DeleteMe();
+    }
 }
 
 TEST_F(ObjectSave, MorphChannelsKeepNamesTargetsAndWeights) {
