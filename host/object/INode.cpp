@@ -240,8 +240,10 @@ void INode::SetMtl(Mtl* m) {
 }
 
 void INode::SetName(const wchar_t* name) {
+    const WStr old = props_.name;
     EditProperties([&](Properties& p) { p.name = WStr(name ? name : L""); },
                    REFMSG_NODE_NAMECHANGE);
+    GetCOREInterface()->GetScene().Renamed(this, old);
 }
 
 void INode::SetWireColor(COLORREF color) {
@@ -303,7 +305,9 @@ void INode::EditProperties(Edit edit, RefMessage message) {
 
 void INode::LoadProperties(const Properties& p) {
     const bool renamed = !(p.name == props_.name);
+    const WStr old = props_.name;
     props_ = p;
+    if (renamed) GetCOREInterface()->GetScene().Renamed(this, old);
     NotifyDependents(FOREVER, PART_ALL, renamed ? REFMSG_NODE_NAMECHANGE : REFMSG_CHANGE);
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cwchar>
 #include <string>
-#include <unordered_set>
 
 #include "host/object/Control.h"
 #include "host/object/Hold.h"
@@ -70,21 +69,40 @@ INode* Scene::FindByHandle(uint32_t handle) const {
     return it == handles_.end() ? nullptr : it->second;
 }
 
+namespace {
+
+std::wstring LowerCase(const WStr& name) {
+    WStr lower(name);
+    return lower.toLower().data();
+}
+
+}  // namespace
+
 WStr Scene::UniqueName(const WStr& base) {
-    // The scene's names, gathered once, lower case as lookups compare them.
-    std::unordered_set<std::wstring> taken;
-    Walk(Root(), [&](INode* node) {
-        WStr name(node->GetName());
-        taken.insert(name.toLower().data());
-        return false;
-    });
-    for (int n = 1;; ++n) {
+    int& n = firstFree_[LowerCase(base)];
+    for (n = std::max(n, 1);; ++n) {
         wchar_t digits[16];
         std::swprintf(digits, 16, L"%03d", n);
         WStr name = base + WStr(digits);
-        WStr lower = name;
-        if (!taken.count(lower.toLower().data())) return name;
+        if (!names_.count(LowerCase(name))) return name;
     }
+}
+
+void Scene::Renamed(INode* node, const WStr& old) {
+    if (!node->inScene_) return;
+    RemoveName(old);
+    AddName(node->props_.name);
+}
+
+void Scene::AddName(const WStr& name) {
+    ++names_[LowerCase(name)];
+}
+
+void Scene::RemoveName(const WStr& name) {
+    const auto it = names_.find(LowerCase(name));
+    if (it == names_.end() || --it->second > 0) return;
+    names_.erase(it);
+    firstFree_.clear();
 }
 
 INode* Scene::CreateNode(Object* obj, const WStr& name) {
@@ -135,6 +153,10 @@ void Scene::ApplySelection(const std::vector<INode*>& nodes) {
 
 void Scene::Membership(INode* node, bool inScene) {
     node->inScene_ = inScene;
+    if (inScene)
+        AddName(node->props_.name);
+    else
+        RemoveName(node->props_.name);
     if (inScene) {
         if (node->handle_ == 0 || handles_.count(node->handle_)) node->handle_ = nextHandle_++;
         handles_[node->handle_] = node;
@@ -160,6 +182,8 @@ void Scene::Clear() {
     }
     trackViewRoot_.Clear();
     nextHandle_ = 1;
+    names_.clear();
+    firstFree_.clear();
     theHold.Resume();
 }
 

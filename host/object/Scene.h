@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -31,6 +32,8 @@ public:
     int DeleteNodes(const std::vector<INode*>& nodes, bool keepChildTM);
     // base followed by the first three-digit number that no node's name has yet.
     WStr UniqueName(const WStr& base);
+    // Called by a node of the scene whose name changed from old.
+    void Renamed(INode* node, const WStr& old);
 
     const std::vector<INode*>& Selection() const { return selection_; }
     // Replaces the selection, recorded when holding, and broadcasts the change.
@@ -47,12 +50,19 @@ private:
     void ApplySelection(const std::vector<INode*>& nodes);
     template <typename Visit>
     bool Walk(INode* node, Visit visit);
+    void AddName(const WStr& name);
+    void RemoveName(const WStr& name);
 
     INode* root_ = nullptr;
     std::unordered_map<uint32_t, INode*> handles_;
     uint32_t nextHandle_ = 1;
     std::vector<INode*> selection_;
     TrackViewNode trackViewRoot_;
+    // The names of the nodes in the scene, lower case, with how many nodes have each; and
+    // for each base UniqueName was asked for, a number below which every name is taken.
+    // Freeing a name forgets the numbers, so that the first free number is found again.
+    std::unordered_map<std::wstring, int> names_;
+    std::unordered_map<std::wstring, int> firstFree_;
 };
 
 }  // namespace host

@@ -16,8 +16,8 @@ void Describe(INode* node, std::ostringstream& out) {
     out << node->GetHandle() << ' ' << Utf8FromWide(node->GetName()) << " parent "
         << (node->GetParentNode() ? node->GetParentNode()->GetHandle() : 0) << " sel "
         << node->Selected() << " hide " << node->IsHidden() << " frozen " << node->IsFrozen()
-        << " wire " << node->GetWireColor() << " lock " << node->GetTransformLock(0, 1)
-        << " vis " << node->GetVisibility(0);
+        << " wire " << node->GetWireColor() << " lock " << node->GetTransformLock(0, 1) << " vis "
+        << node->GetVisibility(0);
     for (TimeValue t : {0, 1000}) {
         const Matrix3 tm = node->GetNodeTM(t);
         for (int r = 0; r < 4; ++r)
@@ -35,7 +35,8 @@ std::string Snapshot(Interface* ip) {
     out << "selection";
     for (int i = 0; i < ip->GetSelNodeCount(); ++i) out << ' ' << ip->GetSelNode(i)->GetHandle();
     TrackViewNode* tracks = ip->GetTrackViewRootNode();
-    for (int i = 0; i < tracks->NumItems(); ++i) out << " track " << Utf8FromWide(tracks->GetName(i).data());
+    for (int i = 0; i < tracks->NumItems(); ++i)
+        out << " track " << Utf8FromWide(tracks->GetName(i).data());
     return out.str();
 }
 
@@ -61,10 +62,18 @@ void RandomEdit(Interface* ip, std::mt19937& rng, int step) {
     INode* b = nodes[pick(nodes.size())];
     const TimeValue t = TimeValue(pick(3) * 500);
     switch (pick(10)) {
-        case 0: ip->DeleteNode(a); break;
-        case 1: b->AttachChild(a, pick(2) == 0); break;
-        case 2: a->SetName((L"n" + std::to_wstring(step)).c_str()); break;
-        case 3: ip->SelectNode(a, pick(2) == 0); break;
+        case 0:
+            ip->DeleteNode(a);
+            break;
+        case 1:
+            b->AttachChild(a, pick(2) == 0);
+            break;
+        case 2:
+            a->SetName((L"n" + std::to_wstring(step)).c_str());
+            break;
+        case 3:
+            ip->SelectNode(a, pick(2) == 0);
+            break;
         case 4: {
             INodeTab tab;
             tab.Append(1, &a);
@@ -73,16 +82,21 @@ void RandomEdit(Interface* ip, std::mt19937& rng, int step) {
         }
         case 5:
             if (pick(2)) AnimateOn();
-            a->SetNodeTM(t, RotateYMatrix(float(step) * 0.1f) * TransMatrix(Point3(float(step), 1, 2)));
+            a->SetNodeTM(
+                t, RotateYMatrix(float(step) * 0.1f) * TransMatrix(Point3(float(step), 1, 2)));
             AnimateOff();
             break;
-        case 6: a->Move(t, Matrix3(), Point3(1, -2, float(step % 5))); break;
+        case 6:
+            a->Move(t, Matrix3(), Point3(1, -2, float(step % 5)));
+            break;
         case 7:
             a->Hide(!a->IsHidden());
             a->SetWireColor(RGB(step, 2 * step, 3));
             a->SetTransformLock(0, 1, !a->GetTransformLock(0, 1));
             break;
-        case 8: a->Detach(t, pick(2) == 0); break;
+        case 8:
+            a->Detach(t, pick(2) == 0);
+            break;
         case 9: {
             TrackViewNode* tracks = ip->GetTrackViewRootNode();
             if (tracks->NumItems() > 0 && pick(2) == 0)
@@ -161,6 +175,26 @@ TEST_F(SceneUndo, DeletionKeepsChildrenAndClearsLookups) {
     EXPECT_EQ(ip->GetSelNode(0), back);
     EXPECT_EQ(ip->GetSelNode(1), leaf);
     UnRegisterNotification(CountSelection, nullptr, NOTIFY_SELECTIONSET_CHANGED);
+}
+
+// A new node's name takes the first number no node has, whatever deletions, renames
+// and their undos did before.
+TEST_F(SceneUndo, NewNamesTakeTheFirstFreeNumber) {
+    auto make = [this] { return WStr(ip->CreateObjectNode(nullptr)->GetName()); };
+    for (int i = 0; i < 3; ++i) make();
+    INode* second = ip->GetINodeByName(L"Node002");
+    theHold.Begin();
+    ip->DeleteNode(second);
+    theHold.Accept(WStr(L"Delete"));
+    EXPECT_TRUE(make() == WStr(L"Node002"));
+    ip->GetINodeByName(L"Node001")->SetName(L"Renamed");
+    EXPECT_TRUE(make() == WStr(L"Node001"));
+    ip->GetINodeByName(L"Node003")->SetName(L"NODE005");
+    EXPECT_TRUE(make() == WStr(L"Node003")) << "the name freed by a rename";
+    EXPECT_TRUE(make() == WStr(L"Node004"));
+    EXPECT_TRUE(make() == WStr(L"Node006")) << "names match without case";
+    ASSERT_TRUE(theHold.Undo());  // the deleted node is back with its name
+    EXPECT_TRUE(make() == WStr(L"Node007"));
 }
 
 }  // namespace
