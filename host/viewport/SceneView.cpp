@@ -13,7 +13,7 @@ namespace host {
 namespace {
 
 // Lines of the grid on each side of its middle, at most.
-constexpr int kGridHalfLines = 50;
+constexpr int kGridHalfLines = 25;
 
 // Calls visit(node, object) for every node under root that is not hidden and has an
 // object at t.

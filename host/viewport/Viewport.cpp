@@ -40,11 +40,12 @@ Point3 Viewport::GetPointOnCP(const IPoint2& ps) {
     Matrix3 viewToWorld = view.affineTM;
     viewToWorld.Invert();
     // The ray through the pixel: from the eye (or the pixel on the camera plane of an
-    // orthographic view) through the pixel at depth 1.
+    // orthographic view) through the pixel at a depth past the near plane.
     const Point3 near = view.perspective
                             ? viewToWorld.GetTrans()
                             : view.WindowToView(float(ps.x), float(ps.y), 0.0f) * viewToWorld;
-    const Point3 far = view.WindowToView(float(ps.x), float(ps.y), 1.0f) * viewToWorld;
+    const float depth = 2.0f * view.nearClip;
+    const Point3 far = view.WindowToView(float(ps.x), float(ps.y), depth) * viewToWorld;
     const Point3 normal = PlaneNormal(viewType_);
     const Point3 dir = far - near;
     const float along = DotProd(dir, normal);
