@@ -1,19 +1,27 @@
 // The zorvanta command-line tool: argument parsing and wiring only.
 #include <cstdio>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "apps/zorvanta/InfoCommand.h"
+#include "apps/zorvanta/RenderCommand.h"
 
 namespace {
 
 constexpr const char* kUsage =
     "Usage: zorvanta [--help] [--version]\n"
     "       zorvanta info <scene>\n"
+    "       zorvanta render <scene> [--frame N] [--view front|side|top|persp]\n"
+    "                       [--size WxH] [--grid] --out <png>\n"
     "\n"
     "Zorvanta, a character rigging and animation toolkit.\n"
     "\n"
     "Commands:\n"
     "  info <scene>   print the scene's node tree: objects, controllers, key counts\n"
+    "  render <scene> draw the scene's wireframe at a frame (the scene's time unless\n"
+    "                 given), framed on what is visible, 640x480 from the front unless\n"
+    "                 asked, with the home grid on --grid, into a PNG file\n"
     "\n"
     "Options:\n"
     "  -h, --help     show this text and exit\n"
@@ -40,6 +48,16 @@ int main(int argc, char** argv) {
             return 2;
         }
         return zorvanta::cli::RunInfo(argv[2], stdout, stderr);
+    }
+    if (std::strcmp(arg, "render") == 0) {
+        zorvanta::cli::RenderOptions options;
+        std::string error;
+        if (!zorvanta::cli::ParseRenderArgs(std::vector<std::string>(argv + 2, argv + argc),
+                                            options, error)) {
+            std::fprintf(stderr, "zorvanta: %s (try --help)\n", error.c_str());
+            return 2;
+        }
+        return zorvanta::cli::RunRender(options, stderr);
     }
     std::fprintf(stderr, "zorvanta: unknown option or command '%s' (try --help)\n", arg);
     return 2;

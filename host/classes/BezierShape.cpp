@@ -87,6 +87,51 @@ Box3 BezierShape::GetBoundingBox() const {
     return box;
 }
 
+namespace {
+
+// Chords per segment for adaptive steps.
+constexpr int kAdaptiveChords = 10;
+
+// A segment is straight when both handles lie on its chord.
+bool IsStraight(const Spline3D& spline, int segment) {
+    const int next = (segment + 1) % spline.KnotCount();
+    const SplineKnot a = spline.GetKnot(segment), b = spline.GetKnot(next);
+    if (a.Ltype() == LTYPE_LINE) return true;
+    const Point3 chord = b.Knot() - a.Knot();
+    if (chord.LengthSquared() == 0.0f) return a.OutVec() == a.Knot() && b.InVec() == b.Knot();
+    const float tolerance = 1e-5f * (chord.Length() + 1.0f);
+    auto onChord = [&](const Point3& p) {
+        return CrossProd(p - a.Knot(), chord).Length() <= tolerance * chord.Length();
+    };
+    return onChord(a.OutVec()) && onChord(b.InVec());
+}
+
+std::vector<Point3> SplinePoints(const Spline3D& spline, int steps, bool optimize) {
+    const int chords = steps < 0 ? kAdaptiveChords : steps + 1;
+    std::vector<Point3> points;
+    if (spline.KnotCount() == 0) return points;
+    points.push_back(spline.GetKnotPoint(0));
+    for (int seg = 0; seg < spline.Segments(); ++seg) {
+        const int n = optimize && IsStraight(spline, seg) ? 1 : chords;
+        for (int k = 1; k <= n; ++k)
+            points.push_back(spline.InterpBezier3D(seg, float(k) / float(n)));
+    }
+    // A closed spline's last segment ends on its first knot, which the line closes to.
+    if (spline.Closed() && points.size() > 1) points.pop_back();
+    return points;
+}
+
+}  // namespace
+
+WireOutline BezierShape::DisplayOutline() const {
+    WireOutline outline;
+    for (const Spline3D& s : splines_) {
+        std::vector<Point3> points = SplinePoints(s, steps, optimize);
+        if (points.size() > 1) outline.AddLine(std::move(points), s.Closed());
+    }
+    return outline;
+}
+
 void BezierShape::Transform(const Matrix3& tm) {
     for (Spline3D& s : splines_) s.Transform(tm);
 }

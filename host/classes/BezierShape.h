@@ -5,6 +5,7 @@
 
 #include "host/classes/Spline3D.h"
 #include "host/core/BitArray.h"
+#include "host/object/WireOutline.h"
 
 namespace host {
 
@@ -47,6 +48,10 @@ public:
     void InvalidateGeomCache();
     // The union of the splines' curve boxes; empty for a shape without knots.
     Box3 GetBoundingBox() const;
+    // The splines as lines for drawing, one a spline (closed for a closed spline): each
+    // segment as steps + 1 chords (a fixed fine count for adaptive steps), or with
+    // optimize as one chord when it is straight.
+    WireOutline DisplayOutline() const;
     // Moves every knot and handle through tm.
     void Transform(const Matrix3& tm);
 

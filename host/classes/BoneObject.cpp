@@ -5,6 +5,7 @@
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/Interface.h"
+#include "host/object/ObjectDisplay.h"
 #include "host/object/ParamBlockDesc2.h"
 
 namespace host {
@@ -63,10 +64,14 @@ ClassDesc2* GetBoneObjectDesc() {
 
 BoneObject::BoneObject(bool loading) : BlockObject(GetBoneObjectDesc(), loading) {}
 
+float BoneObject::TipSection(TimeValue t) {
+    // The tip keeps (100 - taper) percent of the section.
+    return std::clamp(1.0f - Float(TAPER, t) / 100.0f, 0.0f, 1.0f);
+}
+
 Point3 BoneObject::Corner(int i, TimeValue t) {
     const bool tip = i & 1;
-    // The tip keeps (100 - taper) percent of the section.
-    const float section = tip ? std::clamp(1.0f - Float(TAPER, t) / 100.0f, 0.0f, 1.0f) : 1.0f;
+    const float section = tip ? TipSection(t) : 1.0f;
     const float y = 0.5f * Float(WIDTH, t) * section * ((i & 2) ? 1.0f : -1.0f);
     const float z = 0.5f * Float(HEIGHT, t) * section * ((i & 4) ? 1.0f : -1.0f);
     return {tip ? Float(LENGTH, t) : 0.0f, y, z};
@@ -76,17 +81,61 @@ Point3 BoneObject::GetPoint(int i) {
     return i >= 0 && i < 8 ? Corner(i, GetCOREInterface()->GetTime()) : Point3();
 }
 
-void BoneObject::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
-    box.Init();
-    for (int i = 0; i < 8; ++i) box += Corner(i, t);
-    // Fins stand out of the middle of the sides, the top and the bottom.
+void BoneObject::AddFin(WireOutline& outline, TimeValue t, const Point3& out, float halfSection,
+                        ParamID size, ParamID startTaper, ParamID endTaper) {
+    const float length = Float(LENGTH, t);
+    const float tipSection = TipSection(t);
+    // The surface's distance from the axis at x, as the section narrows linearly.
+    auto surface = [&](float x) {
+        const float u = length != 0.0f ? x / length : 0.0f;
+        return halfSection * (1.0f + (tipSection - 1.0f) * u);
+    };
+    const float x0 = length * Float(startTaper, t) / 100.0f;
+    const float x1 = length * (1.0f - Float(endTaper, t) / 100.0f);
+    const float height = Float(size, t);
+    outline.AddLine({out * surface(0.0f), Point3(x0, 0, 0) + out * (surface(x0) + height),
+                     Point3(x1, 0, 0) + out * (surface(x1) + height),
+                     Point3(length, 0, 0) + out * surface(length)},
+                    true);
+}
+
+WireOutline BoneObject::Outline(TimeValue t) {
+    WireOutline outline;
+    Point3 c[8];
+    for (int i = 0; i < 8; ++i) c[i] = Corner(i, t);
+    outline.AddLine({c[0], c[2], c[6], c[4]}, true);
+    outline.AddLine({c[1], c[3], c[7], c[5]}, true);
+    for (int i = 0; i < 8; i += 2) outline.AddSegment(c[i], c[i + 1]);
     const float halfWidth = 0.5f * Float(WIDTH, t), halfHeight = 0.5f * Float(HEIGHT, t);
     if (Bool(SIDE_FINS, t)) {
-        box += Point3(0, halfWidth + Float(SIDE_FINS_SIZE, t), 0);
-        box += Point3(0, -halfWidth - Float(SIDE_FINS_SIZE, t), 0);
+        AddFin(outline, t, Point3::YAxis, halfWidth, SIDE_FINS_SIZE, SIDE_FINS_START_TAPER,
+               SIDE_FINS_END_TAPER);
+        AddFin(outline, t, -Point3::YAxis, halfWidth, SIDE_FINS_SIZE, SIDE_FINS_START_TAPER,
+               SIDE_FINS_END_TAPER);
     }
-    if (Bool(FRONT_FIN, t)) box += Point3(0, 0, halfHeight + Float(FRONT_FIN_SIZE, t));
-    if (Bool(BACK_FIN, t)) box += Point3(0, 0, -halfHeight - Float(BACK_FIN_SIZE, t));
+    if (Bool(FRONT_FIN, t))
+        AddFin(outline, t, Point3::ZAxis, halfHeight, FRONT_FIN_SIZE, FRONT_FIN_START_TAPER,
+               FRONT_FIN_END_TAPER);
+    if (Bool(BACK_FIN, t))
+        AddFin(outline, t, -Point3::ZAxis, halfHeight, BACK_FIN_SIZE, BACK_FIN_START_TAPER,
+               BACK_FIN_END_TAPER);
+    return outline;
+}
+
+int BoneObject::Display(TimeValue t, INode* node, ViewExp* vpt, int) {
+    GraphicsWindow* gw = BeginNodeDisplay(t, node, vpt);
+    if (!gw) return 0;
+    Outline(t).Draw(gw);
+    return 1;
+}
+
+int BoneObject::HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                        ViewExp* vpt) {
+    return HitTestByDisplay(this, t, node, type, crossing, flags, p, vpt);
+}
+
+void BoneObject::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
+    box = Outline(t).BoundingBox();
 }
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include "host/classes/BlockObject.h"
 #include "host/object/GeomObject.h"
 #include "host/object/HostClassIds.h"
+#include "host/object/WireOutline.h"
 
 namespace host {
 
@@ -36,13 +37,28 @@ public:
     Class_ID ClassID() override { return BONE_OBJECT_CLASS_ID; }
     WStr GetClassName() override { return WStr(L"BoneGeometry"); }
 
+    // The box's edges and the fins as a wireframe in the node's wire colour.
+    int Display(TimeValue t, INode* node, ViewExp* vpt, int flags) override;
+    int HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                ViewExp* vpt) override;
+    // The box of the wireframe.
     void GetLocalBoundBox(TimeValue t, INode* node, ViewExp* vpt, Box3& box) override;
+    // The wireframe at t in object space: the section at the pivot and at the tip, the
+    // four long edges, and each fin that is on as a closed outline.
+    WireOutline Outline(TimeValue t);
     int NumPoints() override { return 8; }
     // Corner i: bit 0 the end (0 pivot, 1 tip), bit 1 the side (+Y), bit 2 the top (+Z).
     Point3 GetPoint(int i) override;
 
 private:
     Point3 Corner(int i, TimeValue t);
+    // The share of the section that the tip keeps, 0 to 1.
+    float TipSection(TimeValue t);
+    // A fin standing out from the middle of a side along `out` (a unit axis): its base
+    // runs the bone's length on the surface, its outer edge is size further out between
+    // startTaper percent of the length from the pivot and endTaper percent from the tip.
+    void AddFin(WireOutline& outline, TimeValue t, const Point3& out, float halfSection,
+                ParamID size, ParamID startTaper, ParamID endTaper);
 };
 
 }  // namespace host

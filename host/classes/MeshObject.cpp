@@ -1,8 +1,14 @@
 #include "host/classes/MeshObject.h"
 
+#include <algorithm>
+#include <set>
+#include <utility>
+
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
+#include "host/object/GraphicsWindow.h"
 #include "host/object/Hold.h"
+#include "host/object/ObjectDisplay.h"
 
 namespace host {
 
@@ -52,6 +58,30 @@ void MeshObject::SetPoint(int i, const Point3& p) {
 
 void MeshObject::SetFaceSelection(const BitArray& sel) {
     EditMesh([&sel](MNMesh& m) { m.FaceSelect(sel); }, PART_DISPLAY);
+}
+
+int MeshObject::Display(TimeValue t, INode* node, ViewExp* vpt, int) {
+    GraphicsWindow* gw = BeginNodeDisplay(t, node, vpt);
+    if (!gw) return 0;
+    // An edge that two faces share is drawn once.
+    std::set<std::pair<int, int>> drawn;
+    gw->startSegments();
+    for (int f = 0; f < mesh_.numf(); ++f) {
+        const std::vector<int>& loop = mesh_.FaceVertices(f);
+        for (size_t i = 0; i < loop.size(); ++i) {
+            const int a = loop[i], b = loop[(i + 1) % loop.size()];
+            if (!drawn.insert(std::minmax(a, b)).second) continue;
+            const Point3 ends[2] = {mesh_.P(a), mesh_.P(b)};
+            gw->segment(ends, 1);
+        }
+    }
+    gw->endSegments();
+    return 1;
+}
+
+int MeshObject::HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                        ViewExp* vpt) {
+    return HitTestByDisplay(this, t, node, type, crossing, flags, p, vpt);
 }
 
 Point3 MeshObject::GetPoint(int i) {

@@ -25,6 +25,10 @@ public:
     int NumPoints() override { return mesh_.numv(); }
     // The origin for an index outside the mesh.
     Point3 GetPoint(int i) override;
+    // Every edge of the mesh once, in the node's wire colour.
+    int Display(TimeValue t, INode* node, ViewExp* vpt, int flags) override;
+    int HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                ViewExp* vpt) override;
     void GetLocalBoundBox(TimeValue t, INode* node, ViewExp* vpt, Box3& box) override;
 
     // The mesh. A mesh that fails its checks fails the load (see MNMesh::Load).

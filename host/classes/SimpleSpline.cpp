@@ -3,6 +3,8 @@
 #include <cassert>
 
 #include "host/object/ClassDesc2.h"
+#include "host/object/ObjectDisplay.h"
+#include "host/object/WireOutline.h"
 
 namespace host {
 
@@ -91,6 +93,19 @@ ObjectState SimpleSpline::Eval(TimeValue t) {
 Interval SimpleSpline::ObjectValidity(TimeValue t) {
     UpdateShape(t);
     return ivalid;
+}
+
+int SimpleSpline::Display(TimeValue t, INode* node, ViewExp* vpt, int) {
+    GraphicsWindow* gw = BeginNodeDisplay(t, node, vpt);
+    if (!gw) return 0;
+    UpdateShape(t);
+    shape.DisplayOutline().Draw(gw);
+    return 1;
+}
+
+int SimpleSpline::HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                          ViewExp* vpt) {
+    return HitTestByDisplay(this, t, node, type, crossing, flags, p, vpt);
 }
 
 void SimpleSpline::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {

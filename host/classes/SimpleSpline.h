@@ -60,6 +60,10 @@ public:
 
     ObjectState Eval(TimeValue t) override;
     Interval ObjectValidity(TimeValue t) override;
+    // The shape's splines at t as lines in the node's wire colour.
+    int Display(TimeValue t, INode* node, ViewExp* vpt, int flags) override;
+    int HitTest(TimeValue t, INode* node, int type, int crossing, int flags, IPoint2* p,
+                ViewExp* vpt) override;
     void GetLocalBoundBox(TimeValue t, INode* node, ViewExp* vpt, Box3& box) override;
     void GetDeformBBox(TimeValue t, Box3& box, Matrix3* tm = nullptr, bool useSel = false) override;
 

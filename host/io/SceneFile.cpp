@@ -1,14 +1,11 @@
 #include "host/io/SceneFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <vector>
 
+#include "host/core/ReplaceFile.h"
 #include "host/io/SceneReader.h"
 #include "host/io/SceneWriter.h"
 
@@ -21,45 +18,19 @@ bool Refuse(const std::string& path, const std::string& what, std::string& error
     return false;
 }
 
-bool WriteAll(int fd, const std::vector<uint8_t>& bytes) {
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) return false;
-        done += size_t(n);
-    }
-    return ::fsync(fd) == 0;
-}
-
-// The file keeps the mode of the one it replaces; a new one gets the usual mode, where
-// the temporary file was made private.
-mode_t ModeFor(const std::string& path) {
-    struct stat old {};
-    if (::stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
-}
-
 }  // namespace
 
 bool SaveSceneFile(const std::string& path, Interface& ip, std::string& error) {
     std::string failure;
     const std::vector<uint8_t> bytes = SceneWriter::Write(ip, &failure);
     if (bytes.empty()) return Refuse(path, "the scene was not saved: " + failure, error);
-    std::string temp = path + ".saving-XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0)
-        return Refuse(path, std::string("cannot write beside it: ") + std::strerror(errno), error);
-    const bool written = ::fchmod(fd, ModeFor(path)) == 0 && WriteAll(fd, bytes);
-    const int writeErrno = errno;
-    const bool closed = ::close(fd) == 0;
-    if (!written || !closed || ::rename(temp.c_str(), path.c_str()) != 0) {
-        const int why = written && closed ? errno : writeErrno;
-        ::unlink(temp.c_str());
-        return Refuse(path, std::string("the scene was not saved: ") + std::strerror(why), error);
-    }
+    const ReplaceResult result = ReplaceFileContents(path, bytes.data(), bytes.size());
+    if (result.step == ReplaceResult::NO_TEMPORARY)
+        return Refuse(path, std::string("cannot write beside it: ") + std::strerror(result.error),
+                      error);
+    if (!result.Ok())
+        return Refuse(path, std::string("the scene was not saved: ") + std::strerror(result.error),
+                      error);
     return true;
 }
 

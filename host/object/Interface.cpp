@@ -8,6 +8,7 @@
 #include "host/object/ILayerManager.h"
 #include "host/object/Notifications.h"
 #include "host/object/Object.h"
+#include "host/object/ViewExp.h"
 
 namespace host {
 
@@ -129,6 +130,30 @@ void Interface::EnableSceneRedraw() {
 
 void Interface::RedrawViews(TimeValue) {
     if (!IsSceneRedrawDisabled()) ++redraws_;
+}
+
+namespace {
+
+// The view that stands in when the application has made none active.
+class DeadView : public ViewExp {
+public:
+    bool IsAlive() override { return false; }
+    GraphicsWindow* getGW() override { return nullptr; }
+    void GetAffineTM(Matrix3& tm) override { tm.IdentityMatrix(); }
+    int GetViewType() override { return VIEW_PERSP_USER; }
+    bool IsPerspView() override { return false; }
+    float GetFOV() override { return 0.0f; }
+    int GetViewportWidth() override { return 0; }
+    int GetViewportHeight() override { return 0; }
+    float GetVPWorldWidth(const Point3&) override { return 0.0f; }
+    Point3 GetPointOnCP(const IPoint2&) override { return {}; }
+};
+
+}  // namespace
+
+ViewExp& Interface::GetActiveViewExp() {
+    static DeadView dead;
+    return activeView_ ? *activeView_ : dead;
 }
 
 void Interface::Print(const WStr& text) {

@@ -36,6 +36,7 @@ enum CommandPanelTask : int {
 
 class ILayerManager;
 class Object;
+class ViewExp;
 
 // The host's services to plug-ins: the scene and its selection, scene time and its
 // range, the frame rate, tool modes, redraw switches, the prompt line and the script
@@ -106,6 +107,10 @@ public:
     void ForceCompleteRedraw() { RedrawViews(time_); }
     // Redraws done so far; with no window this is all a redraw is.
     int RedrawCount() const { return redraws_; }
+    // The viewport used when a call names none: the one the application made active, or
+    // a view that is not alive. The application clears it before the view goes.
+    ViewExp& GetActiveViewExp();
+    void SetActiveViewExp(ViewExp* view) { activeView_ = view; }
 
     StatusLine& Status() { return status_; }
     // The script listener's output.
@@ -133,6 +138,7 @@ private:
     bool quiet_ = false;
     int redrawDisabled_ = 0;
     int redraws_ = 0;
+    ViewExp* activeView_ = nullptr;
     StatusLine status_;
     WStr listener_;
 };
