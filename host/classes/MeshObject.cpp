@@ -3,6 +3,7 @@
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
 #include "host/object/Hold.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -73,6 +74,10 @@ IOResult MeshObject::Load(ILoad* iload) {
     // The mesh is restored, not edited: nothing is recorded and nobody is told.
     return ReadChunks(
         iload, [&](uint16_t id) { return id == chunks::MESHOBJ_MESH ? mesh_.Load(iload) : IO_OK; });
+}
+
+ReferenceTarget* MeshObject::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](MeshObject& to) { to.mesh_ = mesh_; });
 }
 
 }  // namespace host

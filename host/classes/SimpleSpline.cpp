@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "host/object/ClassDesc2.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -101,6 +102,10 @@ void SimpleSpline::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
 void SimpleSpline::GetDeformBBox(TimeValue t, Box3& box, Matrix3* tm, bool useSel) {
     UpdateShape(t);
     ShapeObject::GetDeformBBox(t, box, tm, useSel);
+}
+
+ReferenceTarget* SimpleSpline::Clone(RemapDir& remap) {
+    return CloneObject(this, remap);
 }
 
 }  // namespace host
