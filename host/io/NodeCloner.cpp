@@ -104,20 +104,22 @@ ReferenceTarget* NodeCloner::ObjectFor(INode* original, RemapDir& remap) {
 }
 
 bool NodeCloner::CloneContents(RemapDir& remap) {
+    bool complete = true;
     for (size_t i = 0; i < originals_.size(); ++i) {
         INode* original = originals_[i];
         INode* clone = clones_[i];
+        // Whatever was cloned goes into the clone, so that discarding it frees all.
         ReferenceTarget* tm = remap.CloneRef(original->GetTMController());
         ReferenceTarget* object = ObjectFor(original, remap);
         ReferenceTarget* vis = remap.CloneRef(original->GetVisController());
-        if (!tm || (original->GetObjectRef() && !object) || (original->GetVisController() && !vis))
-            return false;
         clone->ReplaceReference(INode::TM_REF, tm);
         clone->ReplaceReference(INode::OBJ_REF, object);
         clone->ReplaceReference(INode::VIS_REF, vis);
         clone->ReplaceReference(INode::MTL_REF, original->GetMtl());
+        complete = complete && (tm || !original->GetTMController()) &&
+                   (object || !original->GetObjectRef()) && (vis || !original->GetVisController());
     }
-    return true;
+    return complete;
 }
 
 void NodeCloner::Place(const Point3& offset) {

@@ -28,10 +28,12 @@ namespace {
 
 class Cloning : public SceneTest {};
 
-std::vector<uint8_t> SavedBytes(ReferenceTarget* object) {
+// What an object's Save answers and writes (a block without a definition a class
+// publishes cannot save, clone or not).
+std::pair<IOResult, std::vector<uint8_t>> Saved(ReferenceTarget* object) {
     ChunkWriter writer;
-    EXPECT_EQ(object->Save(&writer), IO_OK);
-    return writer.Bytes();
+    const IOResult result = object->Save(&writer);
+    return {result, writer.Bytes()};
 }
 
 // Reads a controller of any value type at t as a matrix (relatively, from the identity,
@@ -78,7 +80,7 @@ public:
         EXPECT_TRUE(clone->ClassID() == original->ClassID() &&
                     clone->SuperClassID() == original->SuperClassID())
             << name;
-        EXPECT_EQ(SavedBytes(clone), SavedBytes(original)) << name;
+        EXPECT_EQ(Saved(clone), Saved(original)) << name;
         if (auto* control = dynamic_cast<Control*>(original))
             ExpectSameValues(control, static_cast<Control*>(clone), name);
         ASSERT_EQ(clone->NumRefs(), original->NumRefs()) << name;
@@ -426,8 +428,9 @@ TEST_F(Cloning, ClonedHierarchyKeepsInsideReferencesInsideAndOutsideOnesShared) 
     ASSERT_EQ(targets.Count(), 1);
     EXPECT_EQ(targets[0]->GetParentNode(), arm.upper);
     EXPECT_EQ(targets[0]->GetObjectRef(), arm.hand->GetObjectRef());
-    EXPECT_EQ(targets[0]->GetNodeTM(ip->GetTime()).GetTrans(),
-              arm.hand->GetNodeTM(ip->GetTime()).GetTrans() + Point3(5, 0, 0));
+    const Point3 moved = targets[0]->GetNodeTM(ip->GetTime()).GetTrans() -
+                         arm.hand->GetNodeTM(ip->GetTime()).GetTrans();
+    EXPECT_LT(Length(moved - Point3(5, 0, 0)), 1e-4f);
     EXPECT_EQ(static_cast<LinkControl*>(targets[0]->GetTMController())->GetNode(0), arm.upper);
 }
 
