@@ -20,6 +20,8 @@
 #include "host/object/Animate.h"
 #include "host/object/DerivedObject.h"
 #include "host/object/ICustAttribContainer.h"
+#include "host/object/ILayerManager.h"
+#include "host/object/IParamBlock2.h"
 #include "host/object/RefTargMonitorRefMaker.h"
 #include "tests/host/scene/SceneTestSupport.h"
 
@@ -86,7 +88,17 @@ public:
         ASSERT_EQ(clone->NumRefs(), original->NumRefs()) << name;
         for (int i = 0; i < original->NumRefs(); ++i)
             Expect(original->GetReference(i), clone->GetReference(i));
-        Expect(original->GetCustAttribContainer(), clone->GetCustAttribContainer());
+        ICustAttribContainer* attribs = original->GetCustAttribContainer();
+        Expect(attribs, clone->GetCustAttribContainer());
+        if (attribs) {
+            EXPECT_EQ(clone->GetCustAttribContainer()->GetOwner(), clone) << name;
+        }
+        // A block belongs to its owner's clone, or to nothing when cloned alone.
+        if (auto* block = dynamic_cast<IParamBlock2*>(original)) {
+            const auto owner = clones_.find(dynamic_cast<ReferenceTarget*>(block->GetOwner()));
+            EXPECT_EQ(static_cast<IParamBlock2*>(clone)->GetOwner(),
+                      owner == clones_.end() ? nullptr : owner->second);
+        }
     }
 
     size_t Matched() const { return clones_.size(); }
@@ -142,6 +154,14 @@ void Discard(ReferenceTarget* object) {
     object->DeleteMe();
 }
 
+// Joint data that copies itself into clones.
+struct Joint : AnimProperty {
+    explicit Joint(float v) : limit(v) {}
+    AnimProperty* Clone() const override { return new Joint(limit); }
+    float limit;
+};
+constexpr uint32_t kPrivateProperty = 0x7001;  // data that stays with its object
+
 template <class T>
 T* Make(SClass_ID superClass, Class_ID id) {
     return dynamic_cast<T*>(CreateInstance(superClass, id));
@@ -153,9 +173,16 @@ TEST_F(Cloning, EveryHostClassClonesToAnEqualObject) {
         ASSERT_NE(original, nullptr) << desc->ClassName();
         Animate(original, 0.25f);
         original->AllocCustAttribContainer();
+        original->SetProperty(PROPID_JOINTPARAMS, new Joint(0.75f));
+        original->SetProperty(kPrivateProperty, new AnimProperty);
         ReferenceTarget* clone = CloneRefHierarchy(original);
         CloneMatch match;
         match.Expect(original, clone);
+        ASSERT_NE(clone, nullptr);
+        auto* joint = dynamic_cast<Joint*>(clone->GetProperty(PROPID_JOINTPARAMS));
+        ASSERT_NE(joint, nullptr);
+        EXPECT_EQ(joint->limit, 0.75f);
+        EXPECT_EQ(clone->GetProperty(kPrivateProperty), nullptr);
         if (clone) clone->DeleteMe();
         Discard(original);
     }
@@ -248,6 +275,20 @@ TEST_F(Cloning, InstancesStayInstancesInsideTheClone) {
     CloneMatch().Expect(xyz, clone);
     clone->DeleteMe();
     xyz->DeleteMe();
+}
+
+TEST_F(Cloning, CloneControlGivesTheOutOfRangeTypes) {
+    Control* from = NewDefaultFloatController();
+    Control* to = NewDefaultFloatController();
+    from->SetORT(ORT_LOOP, ORT_BEFORE);
+    from->SetORT(ORT_OSCILLATE, ORT_AFTER);
+    RemapDir* remap = NewRemapDir();
+    from->CloneControl(to, *remap);
+    remap->DeleteThis();
+    EXPECT_EQ(to->GetORT(ORT_BEFORE), ORT_LOOP);
+    EXPECT_EQ(to->GetORT(ORT_AFTER), ORT_OSCILLATE);
+    from->DeleteMe();
+    to->DeleteMe();
 }
 
 // Records the order procedures ran in, what they saw, and whether they were deleted.
@@ -381,6 +422,7 @@ Arm BuildArm(Interface* ip) {
     arm.lower->SetWireColor(RGB(10, 200, 30));
     arm.lower->SetObjOffsetPos(Point3(0, 1, 2));
     arm.lower->Hide(true);
+    ip->GetLayerManager()->CreateLayer(WStr(L"Rig"))->AddToLayer(arm.lower);
     return arm;
 }
 
@@ -414,6 +456,7 @@ TEST_F(Cloning, ClonedHierarchyKeepsInsideReferencesInsideAndOutsideOnesShared) 
     EXPECT_EQ(lower->GetWireColor(), arm.lower->GetWireColor());
     EXPECT_EQ(lower->GetObjOffsetPos(), arm.lower->GetObjOffsetPos());
     EXPECT_TRUE(lower->IsHidden());
+    EXPECT_EQ(lower->GetLayer(), arm.lower->GetLayer());
     EXPECT_NE(lower->GetObjectRef(), arm.lower->GetObjectRef());
     EXPECT_EQ(ip->GetSelNodeCount(), 1);
     for (TimeValue t = 0; t <= 2000; t += 125)
