@@ -9,8 +9,8 @@
 #include "host/object/ClassRegistry.h"
 #include "host/object/Hold.h"
 #include "host/object/HostClassIds.h"
-#include "host/object/SnapshotRestore.h"
 #include "host/object/RemapDir.h"
+#include "host/object/SnapshotRestore.h"
 
 namespace host {
 

@@ -5,8 +5,8 @@
 
 #include "host/object/Hold.h"
 #include "host/object/ICustAttribContainer.h"
-#include "host/object/RemapDir.h"
 #include "host/object/RefSystem.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
