@@ -2,6 +2,7 @@
 
 #include "host/object/ClassDesc2.h"
 #include "host/object/IParamBlock2.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -21,6 +22,8 @@ public:
     int NumParamBlocks() override { return 1; }
     IParamBlock2* GetParamBlock(int i) override { return i == 0 ? pblock_ : nullptr; }
 
+    // The same class with a clone of the block.
+    ReferenceTarget* Clone(RemapDir& remap) override { return CloneObject(this, remap); }
     // The span over which every parameter holds its value at t.
     Interval ObjectValidity(TimeValue t) override {
         Interval valid = FOREVER;

@@ -6,6 +6,7 @@
 
 #include "host/math/Euler.h"
 #include "host/object/Hold.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -104,6 +105,10 @@ IOResult EulerXYZ::Load(ILoad* iload) {
         order_ = order;
         return IO_OK;
     });
+}
+
+ReferenceTarget* EulerXYZ::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](EulerXYZ& to) { to.order_ = order_; });
 }
 
 }  // namespace host

@@ -34,6 +34,8 @@ public:
     // The order; the tracks are references.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The tracks cloned and the order kept.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 private:
     class OrderRestore;

@@ -7,24 +7,28 @@
 
 namespace host {
 
+const std::vector<ClassDesc2*>& HostClassDescriptors() {
+    static const std::vector<ClassDesc2*> descriptors = {
+        GetBezierFloatDesc(),   GetBezierPositionDesc(),
+        GetBezierScaleDesc(),   GetPositionXYZDesc(),
+        GetEulerXYZDesc(),      GetScaleXYZDesc(),
+        GetPRSDesc(),           GetTcbFloatDesc(),
+        GetTcbPositionDesc(),   GetTcbRotationDesc(),
+        GetTcbScaleDesc(),      GetPointHelperDesc(),
+        GetBoneObjectDesc(),    GetCurveControlDesc(),
+        GetTextShapeDesc(),     GetFloatListDesc(),
+        GetPositionListDesc(),  GetRotationListDesc(),
+        GetScaleListDesc(),     GetOrientationConstraintDesc(),
+        GetLinkControlDesc(),   GetPolyObjectDesc(),
+        GetEditableMeshDesc(),  GetMorphModifierDesc(),
+        GetParamBlock2Desc(),   GetDerivedObjectDesc(),
+        GetTrackViewNodeDesc(), GetCustAttribContainerDesc()};
+    return descriptors;
+}
+
 void RegisterHostClasses() {
-    // One table of the host's descriptors; registering a taken pair is refused, so a
-    // second call changes nothing.
-    ClassDesc2* const descriptors[] = {GetBezierFloatDesc(),   GetBezierPositionDesc(),
-                                       GetBezierScaleDesc(),   GetPositionXYZDesc(),
-                                       GetEulerXYZDesc(),      GetScaleXYZDesc(),
-                                       GetPRSDesc(),           GetTcbFloatDesc(),
-                                       GetTcbPositionDesc(),   GetTcbRotationDesc(),
-                                       GetTcbScaleDesc(),      GetPointHelperDesc(),
-                                       GetBoneObjectDesc(),    GetCurveControlDesc(),
-                                       GetTextShapeDesc(),     GetFloatListDesc(),
-                                       GetPositionListDesc(),  GetRotationListDesc(),
-                                       GetScaleListDesc(),     GetOrientationConstraintDesc(),
-                                       GetLinkControlDesc(),   GetPolyObjectDesc(),
-                                       GetEditableMeshDesc(),  GetMorphModifierDesc(),
-                                       GetParamBlock2Desc(),   GetDerivedObjectDesc(),
-                                       GetTrackViewNodeDesc(), GetCustAttribContainerDesc()};
-    for (ClassDesc2* desc : descriptors) ClassRegistry::Instance().Register(desc);
+    // Registering a taken pair is refused, so a second call changes nothing.
+    for (ClassDesc2* desc : HostClassDescriptors()) ClassRegistry::Instance().Register(desc);
     static LayerManager layers;
     GetCOREInterface()->SetLayerManager(&layers);
 }

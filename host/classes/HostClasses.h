@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 namespace host {
 
 class ClassDesc2;
@@ -33,6 +35,8 @@ ClassDesc2* GetParamBlock2Desc();
 ClassDesc2* GetCustAttribContainerDesc();
 ClassDesc2* GetTrackViewNodeDesc();
 
+// The host's own classes, one table: what RegisterHostClasses registers.
+const std::vector<ClassDesc2*>& HostClassDescriptors();
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();
 // Starts the host: its classes, its layer manager, then the start-up broadcast. Only

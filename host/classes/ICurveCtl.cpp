@@ -9,6 +9,7 @@
 #include "host/object/ClassRegistry.h"
 #include "host/object/Hold.h"
 #include "host/object/HostClassIds.h"
+#include "host/object/RemapDir.h"
 #include "host/object/SnapshotRestore.h"
 
 namespace host {
@@ -115,6 +116,10 @@ void ICurveCtl::GetXRange(float& lo, float& hi) const {
 void ICurveCtl::GetYRange(float& lo, float& hi) const {
     lo = range_[2];
     hi = range_[3];
+}
+
+ReferenceTarget* ICurveCtl::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](ICurveCtl& to) { to.SetState(GetState()); });
 }
 
 }  // namespace host

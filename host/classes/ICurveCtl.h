@@ -38,6 +38,9 @@ public:
     // as were saved, none included.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The ranges and the curves with their points; the range callback stays with this
+    // control's panel.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
     // Records the whole state once, runs the change, and tells the dependents.
     template <typename Change>

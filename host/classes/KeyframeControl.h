@@ -11,6 +11,7 @@
 #include "host/object/Animate.h"
 #include "host/object/Control.h"
 #include "host/object/Hold.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -125,6 +126,11 @@ public:
     // types. A loaded track sorts its keys and rebuilds its tables on the first read.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The same class with the keys, the value held without keys and both out-of-range
+    // types; its tables are rebuilt on its first read.
+    ReferenceTarget* Clone(RemapDir& remap) override {
+        return CloneObject(this, remap, [this](KeyframeControl& to) { to.SetState(GetState()); });
+    }
 
 protected:
     // Between the first and the last key, with at least two keys.

@@ -7,6 +7,7 @@
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/classes/TargetLoop.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -172,6 +173,11 @@ IOResult LinkControl::Load(ILoad* iload) {
     if (std::adjacent_find(times.begin(), times.end(), std::greater_equal<>()) != times.end())
         return LoadError(iload, "link times are not increasing");
     return IO_OK;
+}
+
+ReferenceTarget* LinkControl::Clone(RemapDir& remap) {
+    return CloneObject(this, remap,
+                       [this](LinkControl& to) { to.links_.SetLoadedData(links_.AllData()); });
 }
 
 }  // namespace host

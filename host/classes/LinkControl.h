@@ -84,6 +84,9 @@ public:
     // Loading sizes the links for them and refuses times out of order.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The sub-controller cloned, the links' times and targets kept (a target node cloned
+    // in the same operation becomes its clone).
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override;

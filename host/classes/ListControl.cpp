@@ -2,6 +2,7 @@
 
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -227,6 +228,13 @@ FPStatus ListControl::_dispatch_fn(FunctionID fid, TimeValue, FPValue& result, F
             return FPS_NO_SUCH_FUNCTION;
     }
     return FPS_OK;
+}
+
+ReferenceTarget* ListControl::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](ListControl& to) {
+        to.entries_.SetLoadedData(entries_.AllData());
+        to.active_ = active_;
+    });
 }
 
 }  // namespace host

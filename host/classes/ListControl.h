@@ -65,6 +65,8 @@ public:
     // references. Loading sizes the list for them.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The entries' controllers cloned, with their names and weights and the active index.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override {

@@ -9,6 +9,7 @@
 #include "host/object/GraphicsWindow.h"
 #include "host/object/Hold.h"
 #include "host/object/ObjectDisplay.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -103,6 +104,10 @@ IOResult MeshObject::Load(ILoad* iload) {
     // The mesh is restored, not edited: nothing is recorded and nobody is told.
     return ReadChunks(
         iload, [&](uint16_t id) { return id == chunks::MESHOBJ_MESH ? mesh_.Load(iload) : IO_OK; });
+}
+
+ReferenceTarget* MeshObject::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](MeshObject& to) { to.mesh_ = mesh_; });
 }
 
 }  // namespace host

@@ -34,6 +34,8 @@ public:
     // The mesh. A mesh that fails its checks fails the load (see MNMesh::Load).
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The same class with a copy of the mesh.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     // A new object of class T with a copy of the mesh.

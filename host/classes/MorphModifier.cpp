@@ -11,6 +11,7 @@
 #include "host/object/Hold.h"
 #include "host/object/INode.h"
 #include "host/object/NotifyRestore.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -195,6 +196,13 @@ IOResult MorphModifier::ReadChannel(ILoad* iload) {
     if (iload->ReadWString(c.name) != IO_OK || ReadTable(iload, c.target) != IO_OK) return IO_ERROR;
     channels_[size_t(ch)] = std::move(c);
     return IO_OK;
+}
+
+ReferenceTarget* MorphModifier::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](MorphModifier& to) {
+        to.CloneModifierState(*this);
+        to.channels_ = channels_;
+    });
 }
 
 }  // namespace host

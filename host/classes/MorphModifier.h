@@ -74,6 +74,8 @@ public:
     // and sets.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The switch, the channels' names and targets, and clones of the weight controllers.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* target) override;

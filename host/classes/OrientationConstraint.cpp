@@ -5,6 +5,7 @@
 #include "host/classes/HostClasses.h"
 #include "host/classes/TargetLoop.h"
 #include "host/math/MatrixHelpers.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -77,6 +78,12 @@ IOResult OrientationConstraint::Save(ISave* isave) {
 IOResult OrientationConstraint::Load(ILoad* iload) {
     return ReadChunks(iload, [&](uint16_t id) {
         return id == chunks::CTRL_TARGET_WEIGHTS ? targets_.LoadTable(iload) : IO_OK;
+    });
+}
+
+ReferenceTarget* OrientationConstraint::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](OrientationConstraint& to) {
+        to.targets_.SetLoadedData(targets_.AllData());
     });
 }
 

@@ -52,6 +52,9 @@ public:
     // The weights; the targets are references. Loading sizes the list for them.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The same targets and weights; a target node cloned in the same operation becomes
+    // its clone.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override {

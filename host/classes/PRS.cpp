@@ -3,6 +3,7 @@
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
 #include "host/math/MatrixHelpers.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -113,6 +114,10 @@ void PRS::Resize(TimeValue t, const SetXFormPacket& packet, int commit) {
 void PRS::PutWorldPosition(TimeValue t, const Point3& world, const Matrix3& parent, int commit) {
     Point3 local = world * Inverse(parent);
     if (subs_[0]) subs_[0]->SetValue(t, &local, commit, CTRL_ABSOLUTE);
+}
+
+ReferenceTarget* PRS::Clone(RemapDir& remap) {
+    return CloneObject(this, remap);
 }
 
 }  // namespace host

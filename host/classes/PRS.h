@@ -32,6 +32,8 @@ public:
     bool SetPositionController(Control* c) override { return AssignController(c, 0); }
     bool SetRotationController(Control* c) override { return AssignController(c, 1); }
     bool SetScaleController(Control* c) override { return AssignController(c, 2); }
+    // The three sub-controllers cloned.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override;

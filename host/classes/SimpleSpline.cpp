@@ -4,6 +4,7 @@
 
 #include "host/object/ClassDesc2.h"
 #include "host/object/ObjectDisplay.h"
+#include "host/object/RemapDir.h"
 #include "host/object/WireOutline.h"
 
 namespace host {
@@ -116,6 +117,10 @@ void SimpleSpline::GetLocalBoundBox(TimeValue t, INode*, ViewExp*, Box3& box) {
 void SimpleSpline::GetDeformBBox(TimeValue t, Box3& box, Matrix3* tm, bool useSel) {
     UpdateShape(t);
     ShapeObject::GetDeformBBox(t, box, tm, useSel);
+}
+
+ReferenceTarget* SimpleSpline::Clone(RemapDir& remap) {
+    return CloneObject(this, remap);
 }
 
 }  // namespace host

@@ -58,6 +58,8 @@ public:
     RefResult NotifyRefChanged(const Interval& changeInt, ReferenceTarget* hTarget, PartID& partID,
                                RefMessage message, bool propagate) override;
 
+    // The same class with clones of both blocks; the clone builds its shape on first use.
+    ReferenceTarget* Clone(RemapDir& remap) override;
     ObjectState Eval(TimeValue t) override;
     Interval ObjectValidity(TimeValue t) override;
     // The shape's splines at t as lines in the node's wire colour.

@@ -2,6 +2,7 @@
 
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -35,6 +36,10 @@ void XYZController::WriteTracks(TimeValue t, const Point3& v, int commit, GetSet
         float component = v[i];
         if (tracks_[i]) tracks_[i]->SetValue(t, &component, commit, method);
     }
+}
+
+ReferenceTarget* XYZController::Clone(RemapDir& remap) {
+    return CloneObject(this, remap);
 }
 
 }  // namespace host

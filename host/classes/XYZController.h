@@ -23,6 +23,8 @@ public:
     Control* GetXController() override { return tracks_[0]; }
     Control* GetYController() override { return tracks_[1]; }
     Control* GetZController() override { return tracks_[2]; }
+    // The same class with the three tracks cloned.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     int NumTracks() override { return 3; }

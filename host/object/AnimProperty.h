@@ -10,6 +10,9 @@ inline constexpr uint32_t PROPID_JOINTPARAMS = 0x10001;
 class AnimProperty {
 public:
     virtual ~AnimProperty() = default;
+    // A copy for a cloned animatable; null (the default) for data that stays with its
+    // object.
+    virtual AnimProperty* Clone() const { return nullptr; }
 };
 
 }  // namespace host

@@ -61,6 +61,11 @@ void Animatable::SetProperty(uint32_t id, AnimProperty* data) {
     if (data) properties_.emplace_back(id, std::unique_ptr<AnimProperty>(data));
 }
 
+void Animatable::CopyPropertiesFrom(const Animatable& from) {
+    for (const auto& [id, data] : from.properties_)
+        if (AnimProperty* copy = data->Clone()) SetProperty(id, copy);
+}
+
 bool Animatable::AdoptCustAttribContainer(ICustAttribContainer* container) {
     if (custAttribs_) return custAttribs_ == container;
     custAttribs_ = container;

@@ -82,6 +82,11 @@ public:
     void ClearAFlag(uint32_t mask) { flags_ &= ~mask; }
     bool TestAFlag(uint32_t mask) const { return (flags_ & mask) != 0; }
 
+protected:
+    // Copies of from's properties that can copy themselves, replacing this object's
+    // under the same ids.
+    void CopyPropertiesFrom(const Animatable& from);
+
 private:
     uint32_t flags_ = 0;
     ICustAttribContainer* custAttribs_ = nullptr;

@@ -12,6 +12,11 @@ Control* Make(SClass_ID superClass, Class_ID id) {
 
 }  // namespace
 
+void Control::CloneControl(Control* dest, RemapDir&) {
+    if (!dest || dest == this) return;
+    for (int side : {ORT_BEFORE, ORT_AFTER}) dest->SetORT(GetORT(side), side);
+}
+
 Control* NewDefaultFloatController() {
     return Make(CTRL_FLOAT_CLASS_ID, BEZIER_FLOAT_CLASS_ID);
 }

@@ -13,6 +13,8 @@
 
 namespace host {
 
+class RemapDir;
+
 // How a value is read or written.
 enum GetSetMethod : int {
     CTRL_ABSOLUTE = 0,  // the value itself
@@ -84,6 +86,10 @@ public:
 
     // Takes the keys or value of another controller of the same type.
     virtual void Copy(Control*) {}
+    // What a subclass's Clone calls for the part every controller shares: dest takes
+    // this controller's out-of-range types (which a controller without keys ignores).
+    // The subclass copies its own state and calls BaseClone itself.
+    virtual void CloneControl(Control* dest, RemapDir& remap);
 
     // Keys.
     virtual int NumKeys() { return 0; }

@@ -9,6 +9,7 @@
 #include "host/object/NotifyRestore.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectChunkIds.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -328,6 +329,16 @@ void DerivedObject::ReleaseResult() {
     if (ownsResult_ && result_) result_->DeleteThis();
     result_ = nullptr;
     ownsResult_ = false;
+}
+
+ReferenceTarget* DerivedObject::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](DerivedObject& to) {
+        for (const Entry& entry : mods_) {
+            auto mc = std::make_shared<ModContext>(entry.mc->tm, entry.mc->box);
+            if (entry.mc->localData) mc->localData.reset(entry.mc->localData->Clone());
+            to.mods_.push_back(Entry{nullptr, std::move(mc)});
+        }
+    });
 }
 
 }  // namespace host

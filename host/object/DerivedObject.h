@@ -65,6 +65,9 @@ public:
     // it, and it arrives after Load.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The object below and the modifiers cloned through remap (a modifier shared with
+    // another stack stays shared among the clones), each with a copy of its context.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* target) override;

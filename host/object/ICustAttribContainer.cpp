@@ -5,6 +5,7 @@
 #include "host/object/Hold.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectChunkIds.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -55,6 +56,14 @@ bool ICustAttribContainer::RemoveCustAttrib(int i) {
 WStr ICustAttribContainer::SubAnimName(int i) {
     CustAttrib* ca = GetCustAttrib(i);
     return ca ? WStr(ca->GetName()) : WStr();
+}
+
+ReferenceTarget* ICustAttribContainer::Clone(RemapDir& remap) {
+    auto* to = new ICustAttribContainer(true);
+    to->attribs_.assign(attribs_.size(), nullptr);
+    CloneReferences(this, to, remap);
+    BaseClone(this, to, remap);
+    return to;
 }
 
 void ICustAttribContainer::SetReference(int i, ReferenceTarget* t) {

@@ -39,11 +39,15 @@ public:
     // Load makes their slots, empty, for the scene reader to fill.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The same number of attributes, each cloned through remap; the clone's owner is
+    // the animatable whose BaseClone adopts it.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override;
 
 private:
+    friend class ReferenceTarget;  // BaseClone gives a cloned container its owner
     class SlotRestore;
     // An empty slot appears at i or goes from i; both tell the dependents.
     void InsertSlot(int i);

@@ -254,6 +254,12 @@ void INode::SetLayer(ILayer* layer) {
     EditProperties([&](Properties& p) { p.layer = layer; });
 }
 
+INode* INode::CloneProperties() const {
+    auto* node = new INode;
+    node->props_ = props_;
+    return node;
+}
+
 void INode::SetFlag(FlagBit bit, bool on) {
     if (Flag(bit) == on) return;
     EditProperties([&](Properties& p) { p.flags = on ? p.flags | bit : p.flags & ~bit; });

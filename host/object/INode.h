@@ -122,6 +122,12 @@ public:
     // The layer the node is on; null for the default layer.
     ILayer* GetLayer() const { return props_.layer; }
     void SetLayer(ILayer* layer);
+    // A new node out of the scene with this node's properties (name, wire colour,
+    // visibility, flags, bone settings, locks, object offset, layer) and none of its
+    // references, children or handle: where a clone of the node starts. Nodes are cloned
+    // only with Interface::CloneNodes, which places them in the scene, so Clone answers
+    // null.
+    INode* CloneProperties() const;
     // Unique in the scene, given when the node enters it.
     uint32_t GetHandle() const { return handle_; }
 

@@ -7,6 +7,7 @@
 #include "host/object/Hold.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectChunkIds.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -646,6 +647,34 @@ IOResult IParamBlock2::LoadElements(ILoad* iload, int index, bool withValues) {
 
 std::string IParamBlock2::ParamText(ParamID id) const {
     return "parameter " + std::to_string(id) + " of block " + std::to_string(ID());
+}
+
+// After a clone, gives the cloned block the clone of the original's owner.
+class IParamBlock2::OwnerPatch : public PostPatchProc {
+public:
+    OwnerPatch(IParamBlock2* clone, ReferenceMaker* owner)
+        : pin_(clone), clone_(clone), owner_(owner) {}
+    int Proc(RemapDir& remap) override {
+        auto* owner = dynamic_cast<ReferenceTarget*>(owner_);
+        clone_->owner_ = owner ? remap.FindMapping(owner) : nullptr;
+        return 1;
+    }
+
+private:
+    TargetPin pin_;
+    IParamBlock2* clone_;
+    ReferenceMaker* owner_;
+};
+
+ReferenceTarget* IParamBlock2::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this, &remap](IParamBlock2& to) {
+        to.desc_ = desc_;
+        to.values_ = values_;
+        for (auto& elements : to.values_)
+            for (Slot& slot : elements) slot.ref = nullptr;  // CloneReferences sets them
+        to.notify_ = notify_;
+        if (owner_) remap.AddPostPatchProc(new OwnerPatch(&to, owner_), true);
+    });
 }
 
 }  // namespace host

@@ -101,6 +101,11 @@ public:
     // or a plain parameter saved with other than one value; skips parameters the
     // definition does not know.
     IOResult Load(ILoad* iload) override;
+    // The same definition, values and table counts; controllers and target values
+    // cloned through remap, nodes kept (or their clones, when cloned in the same
+    // operation). The clone's owner is the clone of this block's owner, or none when the
+    // owner is not cloned with it.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override;
@@ -108,6 +113,7 @@ protected:
 private:
     class ValueRestore;
     class TableRestore;
+    class OwnerPatch;
     struct Slot {
         PB2Value v;
         ReferenceTarget* ref = nullptr;  // the controller, or the node or target value

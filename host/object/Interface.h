@@ -34,6 +34,11 @@ enum CommandPanelTask : int {
     TASK_MODE_UTILITY = 6,
 };
 
+// How CloneNodes makes the clones' objects: copies, the same objects (instances), or
+// new derived objects over the originals' objects (references), so that modifiers
+// added to a reference stay its own.
+enum CloneType : int { NODE_COPY = 0, NODE_INSTANCE = 1, NODE_REFERENCE = 2, NODE_NONE = 3 };
+
 class ILayerManager;
 class Object;
 class ViewExp;
@@ -58,6 +63,24 @@ public:
     // Returns how many nodes went.
     int DeleteNodes(INodeTab& nodes, bool keepChildTM = true, bool redraw = true,
                     bool overrideSlaves = false);
+    // Clones nodes (with all their descendants when expandHierarchies) through one
+    // clone directory, as one undo step named "Clone". References among the cloned
+    // nodes' controllers and objects go to the clones; references to other nodes stay.
+    // Each clone is named after its original with a number that makes it unique, keeps
+    // its properties, goes under the clone of its parent (or, when the parent is not
+    // cloned, under the same parent), and the clones whose parents were not cloned move
+    // by offset (world units). Transform and visibility controllers are always copies;
+    // objects follow cloneType; materials are shared. The selection does not change.
+    // resultSource and resultTarget receive the originals and their clones, in the same
+    // order (parents before children). False, with the scene as it was, for an empty
+    // list, a null node, the root or a node out of the scene, NODE_NONE, and for an
+    // object or controller whose class cannot be cloned.
+    //
+    // The clone directory is the persistence layer's: this is defined there (link
+    // zv_host_io to call it).
+    bool CloneNodes(INodeTab& nodes, const Point3& offset, bool expandHierarchies = true,
+                    CloneType cloneType = NODE_COPY, INodeTab* resultSource = nullptr,
+                    INodeTab* resultTarget = nullptr);
     // base with a number that makes it a name no node has.
     void MakeNameUnique(WStr& name) { name = scene_.UniqueName(name); }
     // The selection, in the order it was made.

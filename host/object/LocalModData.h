@@ -7,6 +7,9 @@ namespace host {
 class LocalModData {
 public:
     virtual ~LocalModData() = default;
+    // A copy for the stack of a cloned derived object; null (the default) when the
+    // modifier rebuilds its data there.
+    virtual LocalModData* Clone() { return nullptr; }
 };
 
 }  // namespace host

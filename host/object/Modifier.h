@@ -42,6 +42,8 @@ public:
 protected:
     // Reads the open chunk when id is one of Modifier's; reads nothing for any other.
     IOResult LoadChunk(ILoad* iload, uint16_t id);
+    // What a clone takes of from's modifier state: the switch.
+    void CloneModifierState(const Modifier& from) { enabled_ = from.enabled_; }
 
 private:
     class EnableRestore;

@@ -18,6 +18,8 @@ public:
     // Save and Load keep the name.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The same class with the name; a subclass with state of its own extends it.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 private:
     WStr name_;

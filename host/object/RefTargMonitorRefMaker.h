@@ -5,6 +5,7 @@
 namespace host {
 
 class RefTargMonitorRefMaker;
+class RemapDir;
 
 // Receives everything a watched target says, through a RefTargMonitorRefMaker.
 class IRefTargMonitor {
@@ -29,6 +30,11 @@ public:
 
     ReferenceTarget* GetRef() { return target_; }
     void SetRef(ReferenceTarget* target);
+    // For the clone of this monitor's owner: a new monitor for owner watching the same
+    // target, which moves to the target's clone at the operation's Backpatch when the
+    // target is cloned in it too (through the directory's pointer patch on its target
+    // field). The owner's clone keeps it at least until then.
+    RefTargMonitorRefMaker* CloneFor(IRefTargMonitor& owner, RemapDir& remap);
 
     int NumRefs() override { return 1; }
     ReferenceTarget* GetReference(int) override { return target_; }
@@ -40,8 +46,12 @@ protected:
     void SetReference(int, ReferenceTarget* target) override { target_ = target; }
 
 private:
+    class TargetPatch;
+
     IRefTargMonitor& monitor_;
     ReferenceTarget* target_ = nullptr;
+    // The target a clone's Backpatch leaves here; SetRef then moves the reference to it.
+    ReferenceTarget* patchedTarget_ = nullptr;
 };
 
 }  // namespace host

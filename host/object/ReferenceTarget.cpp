@@ -4,12 +4,27 @@
 #include <cassert>
 
 #include "host/object/Hold.h"
+#include "host/object/ICustAttribContainer.h"
 #include "host/object/RefSystem.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
 ReferenceTarget::~ReferenceTarget() {
     assert(NumDependents() == 0);
+}
+
+ReferenceTarget* ReferenceTarget::Clone(RemapDir&) {
+    return nullptr;
+}
+
+void ReferenceTarget::BaseClone(ReferenceTarget* from, ReferenceTarget* to, RemapDir& remap) {
+    if (!from || !to || from == to) return;
+    if (ICustAttribContainer* attribs = from->GetCustAttribContainer()) {
+        auto* copy = dynamic_cast<ICustAttribContainer*>(remap.CloneRef(attribs));
+        if (copy && to->AdoptCustAttribContainer(copy)) copy->owner_ = to;
+    }
+    to->CopyPropertiesFrom(*from);
 }
 
 int ReferenceTarget::NumDependents() const {

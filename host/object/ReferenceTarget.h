@@ -12,6 +12,8 @@ inline constexpr SClass_ID NOTIFY_ALL = 0xFFFFFFF0;
 // What a DependentEnumProc answers for each dependent.
 enum DepEnumResult : int { DEP_ENUM_CONTINUE = 0, DEP_ENUM_HALT = 1, DEP_ENUM_SKIP = 2 };
 
+class RemapDir;
+
 class DependentEnumProc {
 public:
     virtual ~DependentEnumProc() = default;
@@ -50,6 +52,15 @@ public:
     // Makes every dependent of from refer to this object instead, recorded when holding;
     // with deleteOld, from goes once nothing owns it.
     void TransferReferences(ReferenceTarget* from, bool deleteOld);
+
+    // A copy of this object for the clone operation remap: state copied, owned
+    // sub-objects cloned through remap.CloneRef, and BaseClone called last. Null for a
+    // class that cannot be cloned (the default).
+    virtual ReferenceTarget* Clone(RemapDir& remap);
+    // What every Clone does at its end: to takes what the object model keeps on every
+    // animatable of from, the custom attributes (cloned through remap) and the
+    // properties that can copy themselves.
+    virtual void BaseClone(ReferenceTarget* from, ReferenceTarget* to, RemapDir& remap);
 
     int NumDependents() const;
     bool HasDependents() const { return NumDependents() > 0; }

@@ -3,6 +3,7 @@
 #include "host/object/Hold.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectChunkIds.h"
+#include "host/object/RemapDir.h"
 
 namespace host {
 
@@ -98,6 +99,12 @@ IOResult TrackViewNode::LoadItems(ILoad* iload) {
             return IO_ERROR;
     items_ = std::move(items);
     return IO_OK;
+}
+
+ReferenceTarget* TrackViewNode::Clone(RemapDir& remap) {
+    return CloneObject(this, remap, [this](TrackViewNode& to) {
+        for (const Item& item : items_) to.items_.push_back({item.name, item.cid, nullptr});
+    });
 }
 
 }  // namespace host

@@ -42,6 +42,9 @@ public:
     // without them, for the scene reader to fill.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
+    // The items with their names and tags and clones of their tracks; the clone
+    // belongs to what refers to it, as one the scene reader made.
+    ReferenceTarget* Clone(RemapDir& remap) override;
 
 protected:
     // A track view node belongs to the tree that holds it, whatever refers to it; one
