@@ -58,7 +58,7 @@ WStr ICustAttribContainer::SubAnimName(int i) {
 }
 
 void ICustAttribContainer::SetReference(int i, ReferenceTarget* t) {
-    attribs_[size_t(i)] = static_cast<CustAttrib*>(t);
+    attribs_[size_t(i)] = dynamic_cast<CustAttrib*>(t);
 }
 
 void ICustAttribContainer::InsertSlot(int i) {

@@ -44,6 +44,9 @@ void RefSystem::Link(ReferenceMaker* maker, int i, ReferenceTarget* target) {
     if (old == target) return;
     if (target) target->AddDependent(maker);
     maker->SetReference(i, target);
+    // A slot that takes only some classes stays empty for a target of another: that
+    // target must not keep a dependent that does not refer to it.
+    if (target && maker->GetReference(i) != target) target->RemoveDependent(maker);
     if (old) old->RemoveDependent(maker);
 }
 
