@@ -300,15 +300,16 @@ void SceneReader::Install() {
 }
 
 // Objects that nothing took (only a damaged or hand-made file has them) would live on
-// unowned: they go. Nodes belong to the scene, containers to their owners. They are all
-// found first: deleting one may delete what it referred to, but never another orphan,
-// which nothing refers to.
+// unowned: they go. Nodes belong to the scene, containers to their owners; a track view
+// node is like any other object here (the custom tracks holder has gone already). They
+// are all found first: deleting one may delete what it referred to, but never another
+// orphan, which nothing refers to.
 void SceneReader::DropOrphans() {
     std::vector<ReferenceTarget*> orphans;
     for (ReferenceTarget* object : objects_) {
         auto* container = dynamic_cast<ICustAttribContainer*>(object);
         if (object && !object->HasDependents() && !dynamic_cast<INode*>(object) &&
-            !(container && container->GetOwner()) && !dynamic_cast<TrackViewNode*>(object))
+            !(container && container->GetOwner()))
             orphans.push_back(object);
     }
     objects_.clear();
