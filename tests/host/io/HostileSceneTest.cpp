@@ -5,7 +5,9 @@
 
 #include <cmath>
 #include <cstring>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,6 +22,7 @@
 #include "host/object/Animate.h"
 #include "host/object/HostClassIds.h"
 #include "host/object/NodeChunkIds.h"
+#include "host/object/Object.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/TrackViewNode.h"
 #include "tests/host/scene/SceneTestSupport.h"
@@ -306,6 +309,24 @@ TEST_F(HostileScenes, KeysFarApartInTimeEvaluate) {
                 << i << " at " << t;
         }
     }
+    ExpectSound();
+}
+
+// The sample scene with its first point helper's parameter block slot naming node 6 (found
+// by fuzzing): the slot stays empty, and the node, which the slot never held, is not
+// taken for one that references own and so lives on in the scene.
+TEST_F(HostileScenes, ARefusedNodeStaysInTheScene) {
+    std::ifstream in(ZV_SAMPLE_SCENE, std::ios::binary);
+    std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(in)),
+                               std::istreambuf_iterator<char>());
+    const std::vector<SavedObject> objects = SavedObjects(bytes);
+    const int32_t helper = NumberOf(objects, POINT_HELPER_CLASS_ID);
+    ASSERT_EQ(objects[5].cid, Class_ID(BASENODE_CLASS_ID, 0));
+    SetSlot(bytes, objects[size_t(helper - 1)], 0, 6);
+    std::string error;
+    ASSERT_TRUE(SceneReader::Read(bytes, *ip, error)) << error;
+    EXPECT_EQ(A()->GetObjectRef()->GetReference(0), nullptr);
+    EXPECT_EQ(A()->NumberOfChildren(), 2);
     ExpectSound();
 }
 
