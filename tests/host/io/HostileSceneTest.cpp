@@ -8,6 +8,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -136,6 +137,11 @@ public:
     }
 
 protected:
+    static std::vector<uint8_t> SampleBytes() {
+        std::ifstream in(ZV_SAMPLE_SCENE, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+
     // The loaded scene evaluates, and writes bytes that load into the same scene.
     void ExpectSound() {
         std::vector<INode*> nodes{ip->GetRootNode()};
@@ -327,6 +333,30 @@ TEST_F(HostileScenes, ARefusedNodeStaysInTheScene) {
     ASSERT_TRUE(SceneReader::Read(bytes, *ip, error)) << error;
     EXPECT_EQ(A()->GetObjectRef()->GetReference(0), nullptr);
     EXPECT_EQ(A()->NumberOfChildren(), 2);
+    ExpectSound();
+}
+
+// The sample scene with the handles of Pelvis and Head lost (found by fuzzing: one byte of
+// each chunk id): each node gets a handle of its own, so that the scene finds every node
+// by its handle and saves the same bytes after a second load.
+TEST_F(HostileScenes, NodesWithoutHandlesGetFreeOnes) {
+    std::vector<uint8_t> bytes = SampleBytes();
+    const std::vector<SavedObject> objects = SavedObjects(bytes);
+    for (int nth : {0, 3}) {  // Pelvis, Head
+        const SavedObject& node =
+            objects[size_t(NumberOf(objects, Class_ID(BASENODE_CLASS_ID, 0), nth) - 1)];
+        const size_t id = ChunkHeader(bytes, node.data, node.dataEnd, chunks::NODE_HANDLE);
+        ASSERT_NE(id, 0u);
+        bytes[id + 1] = 0x41;  // an id no node reads
+    }
+    std::string error;
+    ASSERT_TRUE(SceneReader::Read(bytes, *ip, error)) << error;
+    std::set<uint32_t> handles;
+    for (INode* node :
+         {A(), A()->GetChildNode(0), A()->GetChildNode(0)->GetChildNode(0), A()->GetChildNode(1)}) {
+        EXPECT_TRUE(handles.insert(node->GetHandle()).second) << node->GetHandle();
+        EXPECT_EQ(ip->GetScene().FindByHandle(node->GetHandle()), node);
+    }
     ExpectSound();
 }
 
