@@ -29,6 +29,6 @@ if ((status != 0)); then
     echo "fuzz: the scene reader failed on an input (exit $status); see $findings/" >&2
     exit "$status"
 fi
-grep -E '^#[0-9]+ +DONE' "$log" || true
+grep -E '^#[0-9]+[[:space:]]+DONE' "$log" || true
 grep -E '^stat::' "$log"
 echo "fuzz: no crash, hang or leak in $seconds seconds"

@@ -1,6 +1,6 @@
 // Writes small scenes, one file each, into a folder: the seeds that the scene reader's
 // fuzz target starts from besides the checked-in sample. Between them they hold every
-// class the host registers, so that each class's Load is reached from the first run.
+// class the host registers, so that each class's Load is reached from the first input.
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -80,12 +80,15 @@ void BuildControllers(Interface& ip) {
         {CTRL_POSITION_CLASS_ID, POSITION_LIST_CLASS_ID},
         {CTRL_ROTATION_CLASS_ID, ROTATION_LIST_CLASS_ID},
         {CTRL_SCALE_CLASS_ID, SCALE_LIST_CLASS_ID}};
-    const Class_ID entries[] = {TCB_FLOAT_CLASS_ID, TCB_POSITION_CLASS_ID, EULER_XYZ_CLASS_ID,
-                                TCB_SCALE_CLASS_ID};
+    const std::pair<Class_ID, Class_ID> entries[] = {
+        {TCB_FLOAT_CLASS_ID, BEZIER_FLOAT_CLASS_ID},
+        {TCB_POSITION_CLASS_ID, BEZIER_POSITION_CLASS_ID},
+        {EULER_XYZ_CLASS_ID, TCB_ROTATION_CLASS_ID},
+        {TCB_SCALE_CLASS_ID, SCALE_XYZ_CLASS_ID}};
     for (int i = 0; i < 4; ++i) {
         auto* list = Make<ListControl>(lists[i].first, lists[i].second);
-        list->Append(Make<Control>(lists[i].first, entries[i]), L"First");
-        list->Append(Make<Control>(lists[i].first, entries[i]));
+        list->Append(Make<Control>(lists[i].first, entries[i].first), L"First");
+        list->Append(Make<Control>(lists[i].first, entries[i].second));
         list->SetWeight(1, 0.25f);
         ip.GetTrackViewRootNode()->AddController(list, L"List", Class_ID(5, uint32_t(i)));
         if (i > 0) continue;
