@@ -13,6 +13,14 @@ if(ZV_SANITIZE)
     target_compile_options(zv_options INTERFACE ${_zv_san})
     target_link_options(zv_options INTERFACE ${_zv_san})
 endif()
+# Fuzzing: every library carries libFuzzer's coverage instrumentation; only the fuzz
+# targets link libFuzzer itself.
+if(ZV_BUILD_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "ZV_BUILD_FUZZ needs clang (the \"fuzz\" preset sets it)")
+    endif()
+    target_compile_options(zv_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # zv_add_library(name SOURCES ... [LINKS ...])
 function(zv_add_library name)

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # All tests: install what is missing, build under AddressSanitizer and
-# UndefinedBehaviorSanitizer, and run every test with ctest.
+# UndefinedBehaviorSanitizer, run every test with ctest, then fuzz the scene reader
+# for a minute.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 bash scripts/setup.sh
 cmake --preset asan
 cmake --build --preset asan
 ctest --preset asan -j "$(nproc)"
+bash scripts/fuzz.sh 60

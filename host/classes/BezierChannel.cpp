@@ -56,7 +56,7 @@ float AutomaticSlope(BezierTangent type, float linear, float smooth, float prese
 void BezierChannel::UpdateTangents(std::vector<BezierKnot>& knots) {
     const size_t n = knots.size();
     auto slope = [&knots](size_t a, size_t b) {
-        const float dt = float(knots[b].time - knots[a].time);
+        const float dt = TicksBetween(knots[a].time, knots[b].time);
         return dt != 0.0f ? (knots[b].val - knots[a].val) / dt : 0.0f;
     };
     for (size_t k = 0; k < n; ++k) {
@@ -74,8 +74,8 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
     const BezierKnot& b = knots_[k + 1];
     if (t <= a.time || IsStepped(a, b)) return t >= b.time ? b.val : a.val;
     if (t >= b.time) return b.val;
-    const float dt = float(b.time - a.time);
-    const float s = float(t - a.time) / dt;
+    const float dt = TicksBetween(a.time, b.time);
+    const float s = TicksBetween(a.time, t) / dt;
     const bool thirds = a.outLength == kThird && b.inLength == kThird;
     const float u = thirds ? s : ParameterAt(s, a.outLength, b.inLength);
     return CubicBezier(a.val, a.val + a.outtan * a.outLength * dt,
@@ -103,7 +103,7 @@ float BezierChannel::InterpolateElsewhere(TimeValue t) const {
     const size_t k = Locate(t);
     SetHint(k);
     const Segment& segment = segments_[k];
-    const float s = float(t - segment.start) * segment.invDuration;
+    const float s = TicksBetween(segment.start, t) * segment.invDuration;
     if (segment.invDuration == 0.0f || s < 0.0f || s >= 1.0f) return SegmentValue(k, t);
     return Cubic(segment, t);
 }
@@ -116,7 +116,7 @@ void BezierChannel::Set(std::vector<BezierKnot> knots) {
         const BezierKnot& b = knots_[k + 1];
         segments_[k].start = a.time;
         segments_[k].end = b.time;
-        const float dt = float(b.time - a.time);
+        const float dt = TicksBetween(a.time, b.time);
         if (dt <= 0.0f || IsStepped(a, b) || a.outLength != kThird || b.inLength != kThird)
             continue;
         // The Bezier's control values in the power basis.
@@ -134,8 +134,8 @@ void BezierChannel::Set(std::vector<BezierKnot> knots) {
 float BezierChannel::ExtendLinear(bool before, TimeValue t) const {
     const BezierKnot& first = knots_.front();
     const BezierKnot& last = knots_.back();
-    return before ? first.val + first.intan * float(first.time - t)
-                  : last.val + last.outtan * float(t - last.time);
+    return before ? first.val + first.intan * TicksBetween(t, first.time)
+                  : last.val + last.outtan * TicksBetween(last.time, t);
 }
 
 }  // namespace host

@@ -61,7 +61,7 @@ private:
         float c[4] = {};
     };
     static float Cubic(const Segment& segment, TimeValue t) {
-        const float s = float(t - segment.start) * segment.invDuration;
+        const float s = TicksBetween(segment.start, t) * segment.invDuration;
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
     }
 

@@ -73,7 +73,7 @@ private:
         const auto& a = *(next - 1);
         const auto& b = *next;
         if (a.val.q == b.val.q) return a.val.q;
-        return Slerp(a.val.q, b.val.q, float(t - a.time) / float(b.time - a.time));
+        return Slerp(a.val.q, b.val.q, TicksBetween(a.time, t) / TicksBetween(a.time, b.time));
     }
 
     bool sameAxis_ = true;  // every key has the same axis: no search

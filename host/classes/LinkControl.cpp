@@ -120,9 +120,9 @@ ReferenceTarget* LinkControl::GetReference(int i) {
 
 void LinkControl::SetReference(int i, ReferenceTarget* t) {
     if (i == 0)
-        sub_ = dynamic_cast<Control*>(t);
+        sub_ = ControlOf(t, CTRL_MATRIX3_CLASS_ID);
     else if (links_.OwnsSlot(i))
-        links_.SetSlot(i, t);
+        links_.SetSlot(i, dynamic_cast<INode*>(t));
 }
 
 bool LinkControl::AssignController(Animatable* c, int i) {

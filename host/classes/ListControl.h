@@ -70,7 +70,7 @@ public:
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override {
-        if (entries_.OwnsSlot(i)) entries_.SetSlot(i, t);
+        if (entries_.OwnsSlot(i)) entries_.SetSlot(i, ControlOf(t, SuperClassID()));
     }
     int NumTracks() override { return GetCount(); }
     Control* Track(int i) override { return GetSubCtrl(i); }

@@ -154,7 +154,7 @@ ReferenceTarget* MorphModifier::GetReference(int i) {
 }
 
 void MorphModifier::SetReference(int i, ReferenceTarget* target) {
-    if (IsChannel(i)) weights_[size_t(i)] = dynamic_cast<Control*>(target);
+    if (IsChannel(i)) weights_[size_t(i)] = ControlOf(target, CTRL_FLOAT_CLASS_ID);
 }
 
 bool MorphModifier::AssignController(Animatable* control, int i) {

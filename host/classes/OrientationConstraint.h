@@ -58,7 +58,7 @@ public:
 
 protected:
     void SetReference(int i, ReferenceTarget* t) override {
-        if (targets_.OwnsSlot(i)) targets_.SetSlot(i, t);
+        if (targets_.OwnsSlot(i)) targets_.SetSlot(i, dynamic_cast<INode*>(t));
     }
 
 private:

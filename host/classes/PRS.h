@@ -41,11 +41,16 @@ public:
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
-    void SetReference(int i, ReferenceTarget* t) override { subs_[i] = dynamic_cast<Control*>(t); }
+    void SetReference(int i, ReferenceTarget* t) override {
+        subs_[i] = ControlOf(t, kTrackClasses[i]);
+    }
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return subs_[i]; }
 
 private:
+    static constexpr SClass_ID kTrackClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION_CLASS_ID,
+                                                   CTRL_SCALE_CLASS_ID};
+
     // The node's world transform at t for the parent's world transform.
     Matrix3 World(TimeValue t, const Matrix3& parent);
     void Place(TimeValue t, const SetXFormPacket& packet, int commit);

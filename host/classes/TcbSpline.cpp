@@ -19,8 +19,8 @@ void TcbSpline::Set(const std::vector<TcbShape>& keys) {
     for (size_t i = 1; i + 1 < n; ++i) {
         const TcbShape& k = keys[i];
         const float t = 1.0f - k.tens;
-        const float before = float(keys[i].time - keys[i - 1].time);
-        const float after = float(keys[i + 1].time - keys[i].time);
+        const float before = TicksBetween(keys[i - 1].time, keys[i].time);
+        const float after = TicksBetween(keys[i].time, keys[i + 1].time);
         const float sum = before + after;
         const float inScale = sum > 0.0f ? 2.0f * before / sum : 1.0f;
         const float outScale = sum > 0.0f ? 2.0f * after / sum : 1.0f;
@@ -47,8 +47,8 @@ void TcbSpline::Set(const std::vector<TcbShape>& keys) {
 size_t TcbSpline::Segment(TimeValue t, float& u) const {
     const auto next = std::upper_bound(times_.begin(), times_.end(), t);
     const size_t k = std::clamp<size_t>(size_t(next - times_.begin()), 1, times_.size() - 1) - 1;
-    const TimeValue duration = Duration(k);
-    u = duration > 0 ? float(t - times_[k]) / float(duration) : 1.0f;
+    const float duration = Duration(k);
+    u = duration > 0 ? TicksBetween(times_[k], t) / duration : 1.0f;
     u = Ease(std::clamp(u, 0.0f, 1.0f), easeOut_[k], easeIn_[k + 1]);
     return k;
 }

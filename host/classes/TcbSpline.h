@@ -40,13 +40,15 @@ public:
     // The segment holding t (the last one for the last key's time) and the eased
     // fraction of it.
     size_t Segment(TimeValue t, float& u) const;
-    TimeValue Duration(size_t segment) const { return times_[segment + 1] - times_[segment]; }
+    float Duration(size_t segment) const {
+        return TicksBetween(times_[segment], times_[segment + 1]);
+    }
     // How far t lies beyond the first key (before) or the last one, in durations of the
     // segment at that end: what the end tangent is multiplied by to extend the curve.
     float EndSpans(bool before, TimeValue t) const {
         const size_t key = before ? 0 : times_.size() - 1;
-        const TimeValue duration = Duration(before ? 0 : key - 1);
-        return duration > 0 ? float(t - times_[key]) / float(duration) : 0.0f;
+        const float duration = Duration(before ? 0 : key - 1);
+        return duration > 0 ? TicksBetween(times_[key], t) / duration : 0.0f;
     }
 
     const Weights& In(size_t key) const { return in_[key]; }

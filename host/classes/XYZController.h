@@ -30,7 +30,7 @@ protected:
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return tracks_[i]; }
     void SetReference(int i, ReferenceTarget* t) override {
-        tracks_[i] = dynamic_cast<Control*>(t);
+        tracks_[i] = ControlOf(t, CTRL_FLOAT_CLASS_ID);
     }
     // The three tracks' values at t, narrowing valid.
     Point3 ReadTracks(TimeValue t, Interval& valid);

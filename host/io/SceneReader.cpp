@@ -247,6 +247,9 @@ bool SceneReader::CheckNumbers() {
             return Fail("the references of object " + std::to_string(i + 1) + " (" +
                         objects_[i]->GetClassName().ToUtf8() + ") do not fit it");
     }
+    if (const int32_t looping = LoopingObject())
+        return Fail("object " + std::to_string(looping) + " (" +
+                    ObjectOf(looping)->GetClassName().ToUtf8() + ") refers to itself in a loop");
     return true;
 }
 
@@ -258,6 +261,41 @@ bool SceneReader::CheckNodeLayers() const {
     return std::all_of(nodeLayers_.begin(), nodeLayers_.end(), [&](const auto& member) {
         return NodeOf(member.first) && member.second >= 1 && member.second < count;
     });
+}
+
+// The number of an object that its references lead back to, or 0. Such an object's value
+// would depend on itself, so nothing could ever evaluate it. Depth first, with a stack of
+// its own: a file may chain more objects than the call stack can hold.
+int32_t SceneReader::LoopingObject() const {
+    enum : uint8_t { kUnseen, kOnPath, kDone };
+    std::vector<uint8_t> state(objects_.size(), kUnseen);
+    struct Step {
+        size_t object, slot;
+    };
+    std::vector<Step> path;
+    for (size_t start = 0; start < objects_.size(); ++start) {
+        if (state[start] != kUnseen) continue;
+        state[start] = kOnPath;
+        path.push_back({start, 0});
+        while (!path.empty()) {
+            Step& step = path.back();
+            const std::vector<int32_t>& refs = slots_[step.object].refs;
+            if (step.slot == refs.size()) {
+                state[step.object] = kDone;
+                path.pop_back();
+                continue;
+            }
+            const int32_t number = refs[step.slot++];
+            if (number <= 0) continue;  // empty, or the root, which refers to nothing loaded
+            const size_t next = size_t(number - 1);
+            if (state[next] == kOnPath) return number;
+            if (state[next] == kUnseen) {
+                state[next] = kOnPath;
+                path.push_back({next, 0});
+            }
+        }
+    }
+    return 0;
 }
 
 void SceneReader::Link() {
@@ -288,6 +326,11 @@ void SceneReader::Install() {
     INode* root = ip_.GetRootNode();
     for (int32_t n : root_)
         if (INode* node = NodeOf(n); node && !node->GetParentNode()) root->AttachChild(node, false);
+    // Nodes that the file put nowhere (only a damaged or hand-made file has them) join the
+    // root's children: no node lives outside the scene with children of its own.
+    for (ReferenceTarget* object : objects_)
+        if (auto* node = dynamic_cast<INode*>(object); node && !node->GetParentNode())
+            root->AttachChild(node, false);
     InstallTracks();
     std::vector<INode*> selection;
     for (int32_t n : selection_)
@@ -299,15 +342,16 @@ void SceneReader::Install() {
 }
 
 // Objects that nothing took (only a damaged or hand-made file has them) would live on
-// unowned: they go. Nodes belong to the scene, containers to their owners. They are all
-// found first: deleting one may delete what it referred to, but never another orphan,
-// which nothing refers to.
+// unowned: they go. Nodes belong to the scene, containers to their owners; a track view
+// node is like any other object here (the custom tracks holder has gone already). They
+// are all found first: deleting one may delete what it referred to, but never another
+// orphan, which nothing refers to.
 void SceneReader::DropOrphans() {
     std::vector<ReferenceTarget*> orphans;
     for (ReferenceTarget* object : objects_) {
         auto* container = dynamic_cast<ICustAttribContainer*>(object);
         if (object && !object->HasDependents() && !dynamic_cast<INode*>(object) &&
-            !(container && container->GetOwner()) && !dynamic_cast<TrackViewNode*>(object))
+            !(container && container->GetOwner()))
             orphans.push_back(object);
     }
     objects_.clear();

@@ -20,7 +20,8 @@ class ReferenceTarget;
 // place of the present one. Objects are made for loading, read, and then given their
 // references and weak references; nodes take their children; custom tracks, time and
 // selection follow. Any fault (a damaged or hostile file, an unknown class, a number
-// that names no object) leaves the present scene as it was and says what was wrong.
+// that names no object, references that loop) leaves the present scene as it was and
+// says what was wrong.
 class SceneReader {
 public:
     static bool Read(std::span<const uint8_t> bytes, Interface& ip, std::string& error);
@@ -50,6 +51,7 @@ private:
     IOResult MakeObject(size_t index, uint32_t classIndex);
     bool CheckNumbers();
     bool CheckNodeLayers() const;
+    int32_t LoopingObject() const;
     void Link();
     void Install();
     void InstallTracks();

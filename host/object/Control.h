@@ -82,7 +82,7 @@ public:
     virtual Control* GetXController() { return nullptr; }
     virtual Control* GetYController() { return nullptr; }
     virtual Control* GetZController() { return nullptr; }
-    virtual bool AssignController(Animatable*, int) { return false; }
+    bool AssignController(Animatable*, int) override { return false; }
 
     // Takes the keys or value of another controller of the same type.
     virtual void Copy(Control*) {}
@@ -116,6 +116,14 @@ public:
 // The host's default controllers, made through the class directory; null when the
 // host classes are not registered. Float: bezier float; position: position XYZ of
 // bezier floats; rotation: Euler XYZ of bezier floats.
+// target when it is a controller of superClass, else null: what a reference slot that
+// holds one type of controller takes, so that a scene file naming another object for
+// it leaves the slot empty.
+inline Control* ControlOf(ReferenceTarget* target, SClass_ID superClass) {
+    auto* control = dynamic_cast<Control*>(target);
+    return control && control->SuperClassID() == superClass ? control : nullptr;
+}
+
 Control* NewDefaultFloatController();
 Control* NewDefaultPositionController();
 Control* NewDefaultRotationController();

@@ -35,7 +35,9 @@ bool Bind(const FPFunctionDesc& f, const FPCall& call, FPParams& p, WStr& error)
                      int(call.positional.size()), int(required));
         return false;
     }
-    for (const auto& [name, value] : call.keywords) {
+    // Not a structured binding: clang 14 cannot capture one in the lambda below.
+    for (const auto& keyword : call.keywords) {
+        const wchar_t* name = keyword.first;
         const bool known = std::any_of(f.args.begin(), f.args.end(), [&](const FPArgDesc& a) {
             return a.keywordDefault && SameName(WStr(a.name), name);
         });

@@ -67,7 +67,7 @@ ReferenceTarget* ICustAttribContainer::Clone(RemapDir& remap) {
 }
 
 void ICustAttribContainer::SetReference(int i, ReferenceTarget* t) {
-    attribs_[size_t(i)] = static_cast<CustAttrib*>(t);
+    attribs_[size_t(i)] = dynamic_cast<CustAttrib*>(t);
 }
 
 void ICustAttribContainer::InsertSlot(int i) {

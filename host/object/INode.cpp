@@ -410,7 +410,7 @@ ReferenceTarget* INode::GetReference(int i) {
 void INode::SetReference(int i, ReferenceTarget* target) {
     switch (i) {
         case TM_REF:
-            tmControl_ = dynamic_cast<Control*>(target);
+            tmControl_ = ControlOf(target, CTRL_MATRIX3_CLASS_ID);
             DropTMCaches();
             break;
         case OBJ_REF:
@@ -418,7 +418,7 @@ void INode::SetReference(int i, ReferenceTarget* target) {
             wsValid_ = NEVER;
             break;
         case VIS_REF:
-            visControl_ = dynamic_cast<Control*>(target);
+            visControl_ = ControlOf(target, CTRL_FLOAT_CLASS_ID);
             break;
         case MTL_REF:
             mtl_ = dynamic_cast<Mtl*>(target);

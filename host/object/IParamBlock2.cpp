@@ -5,6 +5,7 @@
 #include "host/object/Animate.h"
 #include "host/object/ClassDesc2.h"
 #include "host/object/Hold.h"
+#include "host/object/INode.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectChunkIds.h"
 #include "host/object/RemapDir.h"
@@ -24,6 +25,22 @@ PseudoAnimatable thePseudoAnimatable;
 
 bool IsReferenceType(ParamType2 t) {
     return KindOf(t) == ValueKind::Reference;
+}
+
+// What the reference slot of a parameter of type t takes from target, null when it
+// takes nothing of its class: a node or a controller for those types, any target for
+// TYPE_REFTARG, and for an animatable value its controller, which for a float must be a
+// float controller (the block reads the float through it).
+ReferenceTarget* SlotTarget(ParamType2 t, ReferenceTarget* target) {
+    switch (BaseType(t)) {
+        case TYPE_INODE:
+            return dynamic_cast<INode*>(target);
+        case TYPE_REFTARG:
+            return target;
+        default:
+            return KindOf(t) == ValueKind::Float ? ControlOf(target, CTRL_FLOAT_CLASS_ID)
+                                                 : dynamic_cast<Control*>(target);
+    }
 }
 
 }  // namespace
@@ -387,10 +404,11 @@ ReferenceTarget* IParamBlock2::GetReference(int i) {
 void IParamBlock2::SetReference(int i, ReferenceTarget* t) {
     const Element e = RefElement(i);
     if (e.index < 0) return;  // a slot the block does not have (a file saved with more)
+    const ParamDef& def = desc_->Param(e.index);
+    t = SlotTarget(def.type, t);
     values_[size_t(e.index)][size_t(e.tab)].ref = t;
     // Undo and redo put references back without passing through Set: the accessor of
     // a node or target parameter sees them here.
-    const ParamDef& def = desc_->Param(e.index);
     if (!theHold.RestoreOrRedoing() || !IsReferenceType(def.type) || !def.accessor || IsLoading())
         return;
     PB2Value v;
@@ -607,7 +625,11 @@ IOResult IParamBlock2::LoadHeader(ILoad* iload) {
         return chunkio::LoadError(iload, "no registered class " + ClassText(superClass, cid) +
                                              " defines parameter block " + std::to_string(id));
     Init(desc);
-    iload->RecordBackpatch(owner, &owner_);
+    // Accessors take the owner for an object of the block's class: none other owns it.
+    iload->RecordBackpatch(owner, [this, superClass, cid](ReferenceTarget* target) {
+        if (target && target->SuperClassID() == superClass && target->ClassID() == cid)
+            owner_ = target;
+    });
     return IO_OK;
 }
 

@@ -42,8 +42,16 @@ private:
 void RefSystem::Link(ReferenceMaker* maker, int i, ReferenceTarget* target) {
     ReferenceTarget* old = maker->GetReference(i);
     if (old == target) return;
+    const bool owned = target && target->ownedByRefs_;
     if (target) target->AddDependent(maker);
     maker->SetReference(i, target);
+    // A slot that takes only some classes stays empty for a target of another: that
+    // target keeps no dependent that does not refer to it, and is no more owned by
+    // references than it was (else it would go at its next notification).
+    if (target && maker->GetReference(i) != target) {
+        target->RemoveDependent(maker);
+        target->ownedByRefs_ = owned;
+    }
     if (old) old->RemoveDependent(maker);
 }
 

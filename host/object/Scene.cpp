@@ -158,7 +158,12 @@ void Scene::Membership(INode* node, bool inScene) {
     else
         RemoveName(node->props_.name);
     if (inScene) {
-        if (node->handle_ == 0 || handles_.count(node->handle_)) node->handle_ = nextHandle_++;
+        // A node without a handle, or with one taken (a scene file may have either), gets
+        // the next free one: handles kept from a file need not have moved nextHandle_ on.
+        if (node->handle_ == 0 || handles_.count(node->handle_)) {
+            while (handles_.count(nextHandle_)) ++nextHandle_;
+            node->handle_ = nextHandle_++;
+        }
         handles_[node->handle_] = node;
     } else {
         handles_.erase(node->handle_);

@@ -5,6 +5,7 @@
 #include "host/classes/HostClasses.h"
 #include "host/object/DerivedObject.h"
 #include "host/object/ICustAttribContainer.h"
+#include "host/object/INode.h"
 #include "host/object/IParamBlock2.h"
 #include "host/object/Mtl.h"
 #include "host/object/ObjectChunkIO.h"
@@ -142,7 +143,7 @@ TEST_F(ObjectModelSave, ParameterBlockKeepsEveryTypeTablesAndReferenceSlots) {
         pb->SetValue(pString, 0, L"Bip\u00e9d \U0001F600") &&
         pb->SetValue(pFile, 0, L"rigs/arm.rig") && pb->SetValue(pMatrix, 0, m) &&
         pb->SetValue(pTime, 0, 4800) && pb->SetValue(pIndex, 0, 2) &&
-        pb->SetValue(pNode, 0, new TestTarget) && pb->SetValue(pTarget, 0, new TestTarget));
+        pb->SetValue(pNode, 0, new INode) && pb->SetValue(pTarget, 0, new TestTarget));
     ASSERT_TRUE(pb->SetCount(pFloats, 4) && pb->SetValue(pFloats, 0, 9.0f, 3) &&
                 pb->SetCount(pNames, 2) && pb->SetValue(pNames, 0, L"left", 1) &&
                 pb->SetCount(pTargets, 3) && pb->SetValue(pTargets, 0, new TestTarget, 2) &&
