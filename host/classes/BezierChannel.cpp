@@ -84,9 +84,8 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
 
 size_t BezierChannel::Locate(TimeValue t) const {
     // Playback reads the segment of the last read or the next one.
-    const size_t last = segments_.size() - 1;
-    for (size_t k = hint_; k <= std::min(hint_ + 1, last); ++k)
-        if (segments_[k].start <= t && (t < segments_[k].end || k == last)) return k;
+    for (size_t k = hint_; k <= std::min<size_t>(hint_ + 1, last_); ++k)
+        if (segments_[k].start <= t && (t < segments_[k].end || k == last_)) return k;
     const auto next =
         std::upper_bound(segments_.begin(), segments_.end(), t,
                          [](TimeValue time, const Segment& s) { return time < s.start; });
@@ -94,7 +93,7 @@ size_t BezierChannel::Locate(TimeValue t) const {
 }
 
 void BezierChannel::SetHint(size_t k) const {
-    hint_ = k;
+    hint_ = uint32_t(k);
     start_ = segments_.empty() ? 0 : segments_[k].start;
     end_ = segments_.empty() ? 0 : segments_[k].end;
 }
@@ -111,6 +110,7 @@ float BezierChannel::InterpolateElsewhere(TimeValue t) const {
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
     segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
+    last_ = segments_.empty() ? 0 : uint32_t(segments_.size() - 1);
     for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];
         const BezierKnot& b = knots_[k + 1];

@@ -35,7 +35,7 @@ public:
     // The value at t, for t within the knots' times; at least two knots. Playback
     // reads the segment it read last or the next one.
     float Interpolate(TimeValue t) const {
-        if (t >= end_ && hint_ + 1 < segments_.size() && t < segments_[hint_ + 1].end) Advance();
+        if (t >= end_ && hint_ < last_ && t < segments_[hint_ + 1].end) Advance();
         const Segment& segment = segments_[hint_];
         if (t >= start_ && t < end_ && segment.invDuration != 0.0f) return Cubic(segment, t);
         return InterpolateElsewhere(t);
@@ -70,14 +70,15 @@ private:
         ++hint_;
         start_ = end_;
         end_ = segments_[hint_].end;
-        if (hint_ + 2 < segments_.size()) __builtin_prefetch(&segments_[hint_ + 2]);
+        if (hint_ + 2 <= last_) __builtin_prefetch(&segments_[hint_ + 2]);
     }
     void SetHint(size_t k) const;
 
     // The fields a read touches come first: the segment of the last read and its times,
     // which decide whether the next read stays in it without touching the segments.
     mutable TimeValue start_ = 0, end_ = 0;
-    mutable size_t hint_ = 0;
+    mutable uint32_t hint_ = 0;
+    uint32_t last_ = 0;  // the index of the last segment
     std::vector<Segment> segments_;
     std::vector<BezierKnot> knots_;
 };

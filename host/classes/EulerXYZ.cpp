@@ -44,12 +44,6 @@ void* EulerXYZ::GetInterface(uint32_t id) {
     return id == I_EULERCTRL ? static_cast<IEulerControl*>(this) : Control::GetInterface(id);
 }
 
-void EulerXYZ::ToAngles(const Point3& tracks, float* angles) const {
-    const bool repeating = IsRepeatingEulerOrder(order_);
-    for (int step = 0; step < 3; ++step)
-        angles[step] = repeating ? tracks[step] : tracks[EulerAxis(order_, step)];
-}
-
 Point3 EulerXYZ::FromAngles(const float* angles) const {
     Point3 tracks;
     for (int step = 0; step < 3; ++step)
@@ -60,7 +54,7 @@ Point3 EulerXYZ::FromAngles(const float* angles) const {
 
 void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
     float angles[3];
-    ToAngles(ReadTracks(t, valid), angles);
+    ReadAngles(t, valid, angles);
     if (method == CTRL_RELATIVE) return PreRotateEuler(*static_cast<Matrix3*>(val), angles, order_);
     Matrix3 rotation;
     EulerToMatrix(angles, rotation, order_);

@@ -2,6 +2,7 @@
 
 #include "host/classes/IEulerControl.h"
 #include "host/classes/XYZController.h"
+#include "host/math/Euler.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -27,6 +28,11 @@ public:
     void SetValue(TimeValue t, void* val, int commit = 1,
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
+    // The angles at t in order of application (radians), narrowing valid.
+    void ReadAngles(TimeValue t, Interval& valid, float* angles) {
+        ToAngles(ReadTracks(t, valid), angles);
+    }
+
     int GetOrder() override { return order_; }
     // Orders 0 to 8; undoable; the tracks keep their values.
     void SetOrder(int order) override;
@@ -38,7 +44,11 @@ public:
 private:
     class OrderRestore;
     // The angles in order of application, from the tracks' values.
-    void ToAngles(const Point3& tracks, float* angles) const;
+    void ToAngles(const Point3& tracks, float* angles) const {
+        const int* axes = EulerAxes(order_);
+        const bool repeating = IsRepeatingEulerOrder(order_);
+        for (int step = 0; step < 3; ++step) angles[step] = tracks[repeating ? step : axes[step]];
+    }
     Point3 FromAngles(const float* angles) const;
     int order_ = 0;
 };

@@ -39,13 +39,16 @@ public:
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
-    void SetReference(int i, ReferenceTarget* t) override { subs_[i] = dynamic_cast<Control*>(t); }
+    void SetReference(int i, ReferenceTarget* t) override;
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return subs_[i]; }
 
 private:
     // The node's world transform at t for the parent's world transform.
     Matrix3 World(TimeValue t, const Matrix3& parent);
+    // GetValue for the default parts: their values read without virtual calls and the
+    // transform built in registers, bit for bit as the parts' own GetValue builds it.
+    void ApplyDefaultParts(TimeValue t, Matrix3& tm, Interval& valid);
     void Place(TimeValue t, const SetXFormPacket& packet, int commit);
     void Move(TimeValue t, const SetXFormPacket& packet, int commit);
     void Turn(TimeValue t, const SetXFormPacket& packet, int commit);
@@ -54,6 +57,8 @@ private:
     void PutWorldPosition(TimeValue t, const Point3& world, const Matrix3& parent, int commit);
 
     Control* subs_[3] = {nullptr, nullptr, nullptr};
+    // The parts are a PositionXYZ, an EulerXYZ and a BezierScale, of those very classes.
+    bool defaultParts_ = false;
 };
 
 }  // namespace host
