@@ -82,10 +82,19 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
                        b.val + b.intan * b.inLength * dt, b.val, u);
 }
 
+BezierChannel& BezierChannel::operator=(const BezierChannel& other) {
+    segments_ = other.segments_;
+    knots_ = other.knots_;
+    SetHint(other.segments_.empty() ? 0 : size_t(other.cursor_.segment_ - other.segments_.data()));
+    return *this;
+}
+
 size_t BezierChannel::Locate(TimeValue t) const {
     // Playback reads the segment of the last read or the next one.
-    for (size_t k = hint_; k <= std::min<size_t>(hint_ + 1, last_); ++k)
-        if (segments_[k].start <= t && (t < segments_[k].end || k == last_)) return k;
+    const size_t last = segments_.size() - 1;
+    const size_t hint = size_t(cursor_.segment_ - segments_.data());
+    for (size_t k = hint; k <= std::min(hint + 1, last); ++k)
+        if (segments_[k].start <= t && (t < segments_[k].end || k == last)) return k;
     const auto next =
         std::upper_bound(segments_.begin(), segments_.end(), t,
                          [](TimeValue time, const Segment& s) { return time < s.start; });
@@ -93,9 +102,13 @@ size_t BezierChannel::Locate(TimeValue t) const {
 }
 
 void BezierChannel::SetHint(size_t k) const {
-    hint_ = uint32_t(k);
-    start_ = segments_.empty() ? 0 : segments_[k].start;
-    end_ = segments_.empty() ? 0 : segments_[k].end;
+    if (segments_.empty()) {
+        cursor_ = Cursor();
+        return;
+    }
+    cursor_.segment_ = &segments_[k];
+    cursor_.end_ = segments_[k].end;
+    cursor_.remaining_ = uint32_t(segments_.size() - 1 - k);
 }
 
 float BezierChannel::InterpolateElsewhere(TimeValue t) const {
@@ -110,7 +123,6 @@ float BezierChannel::InterpolateElsewhere(TimeValue t) const {
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
     segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
-    last_ = segments_.empty() ? 0 : uint32_t(segments_.size() - 1);
     for (size_t k = 0; k < segments_.size(); ++k) {
         const BezierKnot& a = knots_[k];
         const BezierKnot& b = knots_[k + 1];

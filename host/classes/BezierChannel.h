@@ -22,7 +22,48 @@ struct BezierKnot {
 // inner control points lie along the tangents at the lengths; a step tangent on either
 // side holds the value.
 class BezierChannel {
+    struct Segment;
+
 public:
+    // A read position in a channel's segments, for reads in playback order: it answers
+    // for times in its segment or the next one, where the segment is a cubic, and moves
+    // to the next one when t has passed its end. It stays usable while the channel's
+    // knots stay as they are. A cursor of a channel without segments answers nothing.
+    class Cursor {
+    public:
+        // The value at t as the channel gives it, or false (the cursor unmoved) for a time
+        // outside both segments or a segment that is not a cubic.
+        bool Read(TimeValue t, float& value) {
+            if (t >= end_) {
+                if (remaining_ == 0 || t >= segment_[1].end) return false;
+                Advance();
+            }
+            if (t < segment_->start || segment_->invDuration == 0.0f) return false;
+            value = Cubic(*segment_, t);
+            return true;
+        }
+
+    private:
+        friend class BezierChannel;
+        void Advance() {
+            ++segment_;
+            --remaining_;
+            end_ = segment_->end;
+            if (remaining_ >= 2) __builtin_prefetch(segment_ + 2);
+        }
+
+        // The end of the segment, kept here so that a read past it goes straight to the
+        // next segment without touching this one.
+        TimeValue end_ = TIME_NegInfinity;
+        uint32_t remaining_ = 0;  // segments after this one
+        const Segment* segment_ = nullptr;
+    };
+
+    BezierChannel() = default;
+    // A copy reads its own segments.
+    BezierChannel(const BezierChannel& other) { *this = other; }
+    BezierChannel& operator=(const BezierChannel& other);
+
     // Recomputes the tangents of automatic types in place:
     //   smooth  the slope between the neighbouring knots (one-sided at the ends)
     //   linear  the slope of the segment on that side
@@ -35,13 +76,14 @@ public:
     // The value at t, for t within the knots' times; at least two knots. Playback
     // reads the segment it read last or the next one.
     float Interpolate(TimeValue t) const {
-        if (t >= end_ && hint_ < last_ && t < segments_[hint_ + 1].end) Advance();
-        const Segment& segment = segments_[hint_];
-        if (t >= start_ && t < end_ && segment.invDuration != 0.0f) return Cubic(segment, t);
+        float value;
+        if (cursor_.Read(t, value)) return value;
         return InterpolateElsewhere(t);
     }
     // Beyond the first knot (before) or the last one, along its tangent.
     float ExtendLinear(bool before, TimeValue t) const;
+    // The read position of the last Interpolate, for a reader that keeps its own.
+    Cursor LastRead() const { return cursor_; }
 
 private:
     // The segment holding t: the one before the first knot's time for earlier times.
@@ -64,21 +106,11 @@ private:
         const float s = float(t - segment.start) * segment.invDuration;
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
     }
-
-    // Moves the hint to the next segment.
-    void Advance() const {
-        ++hint_;
-        start_ = end_;
-        end_ = segments_[hint_].end;
-        if (hint_ + 2 <= last_) __builtin_prefetch(&segments_[hint_ + 2]);
-    }
+    // Puts the cursor on segment k (on none without segments).
     void SetHint(size_t k) const;
 
-    // The fields a read touches come first: the segment of the last read and its times,
-    // which decide whether the next read stays in it without touching the segments.
-    mutable TimeValue start_ = 0, end_ = 0;
-    mutable uint32_t hint_ = 0;
-    uint32_t last_ = 0;  // the index of the last segment
+    // The cursor comes first: it is all that a read in playback touches here.
+    mutable Cursor cursor_;
     std::vector<Segment> segments_;
     std::vector<BezierKnot> knots_;
 };

@@ -3,6 +3,7 @@
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
+#include "host/classes/TrackEdits.h"
 
 #include "host/math/Euler.h"
 #include "host/object/Hold.h"
@@ -31,6 +32,7 @@ public:
 private:
     void Put(int order) {
         ctrl_->order_ = order;
+        TrackEdits::Note();
         ctrl_->NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
     }
     TargetPin pin_;
@@ -64,7 +66,7 @@ void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod me
 void EulerXYZ::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
     Interval valid = FOREVER;
     float angles[3];
-    ToAngles(ReadTracks(t, valid), angles);
+    ReadAngles(t, valid, angles);
     Quat q;
     if (method == CTRL_RELATIVE) {
         EulerToQuat(angles, q, order_);
@@ -80,6 +82,7 @@ void EulerXYZ::SetOrder(int order) {
     if (order == order_ || order < 0 || order >= kEulerOrderCount) return;
     if (theHold.Holding()) theHold.Put(new OrderRestore(this, order_, order));
     order_ = order;
+    TrackEdits::Note();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -96,6 +99,7 @@ IOResult EulerXYZ::Load(ILoad* iload) {
         if (order < 0 || order >= kEulerOrderCount)
             return LoadError(iload, "an Euler order is unknown");
         order_ = order;
+        TrackEdits::Note();
         return IO_OK;
     });
 }

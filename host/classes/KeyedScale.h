@@ -48,6 +48,10 @@ public:
         return s;
     }
 
+    // Whether every key has the same scale axis, as of the last Refresh; that axis.
+    bool OneAxis() const { return sameAxis_; }
+    const Quat& Axis() const { return axis_; }
+
 protected:
     ScaleValue Interpolate(TimeValue t) const override {
         ScaleValue v = Base::Interpolate(t);

@@ -1,14 +1,9 @@
 #include "host/classes/PRS.h"
 
-#include <typeinfo>
-
-#include "host/classes/BezierScale.h"
-#include "host/classes/EulerXYZ.h"
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
-#include "host/classes/PositionXYZ.h"
+#include "host/classes/TrackEdits.h"
 #include "host/math/MatrixHelpers.h"
-#include "host/math/RowMatrix.h"
 
 namespace host {
 
@@ -39,9 +34,7 @@ WStr PRS::SubAnimName(int i) {
 
 void PRS::SetReference(int i, ReferenceTarget* t) {
     subs_[i] = dynamic_cast<Control*>(t);
-    auto is = [](Control* sub, const std::type_info& type) { return sub && typeid(*sub) == type; };
-    defaultParts_ = is(subs_[0], typeid(PositionXYZ)) && is(subs_[1], typeid(EulerXYZ)) &&
-                    is(subs_[2], typeid(BezierScale));
+    TrackEdits::Note();
 }
 
 bool PRS::AssignController(Animatable* c, int i) {
@@ -52,25 +45,10 @@ void PRS::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod) {
     // Each sub-controller pre-multiplies: position, then rotation, then scale gives
     // S * R * T * parent.
     auto* tm = static_cast<Matrix3*>(val);
-    if (defaultParts_) return ApplyDefaultParts(t, *tm, valid);
+    if (!plan_.Current()) plan_.Build(subs_[0], subs_[1], subs_[2]);
+    if (plan_.Applies()) return plan_.Apply(t, *tm, valid);
     for (Control* sub : subs_)
         if (sub) sub->GetValue(t, tm, valid, CTRL_RELATIVE);
-}
-
-void PRS::ApplyDefaultParts(TimeValue t, Matrix3& tm, Interval& valid) {
-    auto* position = static_cast<PositionXYZ*>(subs_[0]);
-    auto* rotation = static_cast<EulerXYZ*>(subs_[1]);
-    auto* scale = static_cast<BezierScale*>(subs_[2]);
-    RowMatrix rows(tm);
-    rows.PreTranslate(position->ReadTracks(t, valid));
-    float angles[3];
-    rotation->ReadAngles(t, valid, angles);
-    rows.PreRotateEuler(angles, rotation->EulerXYZ::GetOrder());
-    const ScaleValue s = scale->Read(t, valid);
-    // A scale about turned axes is a matrix product, left to ApplyScaling.
-    if (s.q.IsIdentity()) rows.PreScale(s.s);
-    rows.Store(tm);
-    if (!s.q.IsIdentity()) ApplyScaling(tm, s);
 }
 
 Matrix3 PRS::World(TimeValue t, const Matrix3& parent) {

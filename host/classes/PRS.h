@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/classes/CompoundControl.h"
+#include "host/classes/PRSReadPlan.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -46,9 +47,6 @@ protected:
 private:
     // The node's world transform at t for the parent's world transform.
     Matrix3 World(TimeValue t, const Matrix3& parent);
-    // GetValue for the default parts: their values read without virtual calls and the
-    // transform built in registers, bit for bit as the parts' own GetValue builds it.
-    void ApplyDefaultParts(TimeValue t, Matrix3& tm, Interval& valid);
     void Place(TimeValue t, const SetXFormPacket& packet, int commit);
     void Move(TimeValue t, const SetXFormPacket& packet, int commit);
     void Turn(TimeValue t, const SetXFormPacket& packet, int commit);
@@ -57,8 +55,8 @@ private:
     void PutWorldPosition(TimeValue t, const Point3& world, const Matrix3& parent, int commit);
 
     Control* subs_[3] = {nullptr, nullptr, nullptr};
-    // The parts are a PositionXYZ, an EulerXYZ and a BezierScale, of those very classes.
-    bool defaultParts_ = false;
+    // How the parts are read when they are the default controllers.
+    PRSReadPlan plan_;
 };
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <typeinfo>
 
+#include "host/classes/TrackEdits.h"
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
 
@@ -29,6 +30,7 @@ bool XYZController::AssignController(Animatable* c, int i) {
 
 void XYZController::SetReference(int i, ReferenceTarget* t) {
     tracks_[i] = dynamic_cast<Control*>(t);
+    TrackEdits::Note();
     bezierTracks_ = std::all_of(std::begin(tracks_), std::end(tracks_), [](Control* track) {
         return track && typeid(*track) == typeid(BezierFloat);
     });

@@ -36,22 +36,17 @@ public:
         rows_[3] += rows_[0] * p.x + rows_[1] * p.y + rows_[2] * p.z;
         if (p.x != 0.0f || p.y != 0.0f || p.z != 0.0f) flags_ &= ~Matrix3::POS_IDENT;
     }
-    // R * M for a rotation about the X (0), Y (1) or Z (2) axis; angle in radians.
-    void PreRotateAbout(int axis, float angle) {
-        if (angle == 0.0f) return;
-        const float c = std::cos(angle), s = std::sin(angle);
-        if (axis == 0)
-            Turn(rows_[1], rows_[2], c, s);
-        else if (axis == 1)
-            Turn(rows_[2], rows_[0], c, s);
-        else
-            Turn(rows_[0], rows_[1], c, s);
-        flags_ &= ~Matrix3::ROT_IDENT;
-    }
-    // EulerToMatrix(angles, order) * M, as PreRotateEuler turns a Matrix3.
+    // EulerToMatrix(angles, order) * M, as PreRotateEuler turns a Matrix3. The sines and
+    // cosines come first, so that the rows need not be saved around each call for them.
     void PreRotateEuler(const float* angles, int order) {
+        float c[3], s[3];
+        for (int n = 0; n < 3; ++n) {
+            c[n] = std::cos(angles[n]);
+            s[n] = std::sin(angles[n]);
+        }
         const int* axes = EulerAxes(order);
-        for (int n = 2; n >= 0; --n) PreRotateAbout(axes[n], angles[n]);
+        for (int n = 2; n >= 0; --n)
+            if (angles[n] != 0.0f) Turn(axes[n], c[n], s[n]);
     }
     // S(s) * M, the translation left as it is.
     void PreScale(const Point3& s) {
@@ -69,8 +64,19 @@ private:
         const MatrixRows::Bits keep = {~0u, ~0u, ~0u, 0u};
         return reinterpret_cast<Row>(reinterpret_cast<MatrixRows::Bits>(r) & keep);
     }
-    // Rows a and b mixed as Matrix3's pre-rotation mixes them.
-    static void Turn(Row& a, Row& b, float c, float s) {
+    // The rotation about axis with cosine c and sine s: the two rows it mixes, mixed as
+    // Matrix3's pre-rotation mixes them.
+    // Rows are named, not indexed, so that they can stay in registers.
+    void Turn(int axis, float c, float s) {
+        if (axis == 0)
+            Mix(rows_[1], rows_[2], c, s);
+        else if (axis == 1)
+            Mix(rows_[2], rows_[0], c, s);
+        else
+            Mix(rows_[0], rows_[1], c, s);
+        flags_ &= ~Matrix3::ROT_IDENT;
+    }
+    static void Mix(Row& a, Row& b, float c, float s) {
         const Row ra = a, rb = b;
         a = ra * c + rb * s;
         b = rb * c - ra * s;
