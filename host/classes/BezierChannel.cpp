@@ -82,6 +82,8 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
                        b.val + b.intan * b.inLength * dt, b.val, u);
 }
 
+const BezierChannel::Segment BezierChannel::kNoSegments[2] = {};
+
 BezierChannel& BezierChannel::operator=(const BezierChannel& other) {
     segments_ = other.segments_;
     knots_ = other.knots_;

@@ -38,10 +38,14 @@ public:
                 if (remaining_ == 0 || t >= segment_[1].end) return false;
                 Advance();
             }
-            if (t < segment_->start || segment_->invDuration == 0.0f) return false;
-            value = Cubic(*segment_, t);
+            const Segment& segment = *segment_;
+            // invDuration is 1 / duration of a cubic segment and 0 for the others.
+            if (t < segment.start || !(segment.invDuration > 0.0f)) return false;
+            value = Cubic(segment, t);
             return true;
         }
+        // Asks for the segment that a read stepping on reaches, ahead of the read.
+        void Prefetch() const { __builtin_prefetch(segment_ + 1); }
 
     private:
         friend class BezierChannel;
@@ -56,7 +60,7 @@ public:
         // next segment without touching this one.
         TimeValue end_ = TIME_NegInfinity;
         uint32_t remaining_ = 0;  // segments after this one
-        const Segment* segment_ = nullptr;
+        const Segment* segment_ = kNoSegments;
     };
 
     BezierChannel() = default;
@@ -102,6 +106,8 @@ private:
         float invDuration = 0.0f;
         float c[4] = {};
     };
+    // Where a cursor without segments points, so that it always points somewhere.
+    static const Segment kNoSegments[2];
     static float Cubic(const Segment& segment, TimeValue t) {
         const float s = float(t - segment.start) * segment.invDuration;
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];

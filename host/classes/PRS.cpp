@@ -42,13 +42,17 @@ bool PRS::AssignController(Animatable* c, int i) {
 }
 
 void PRS::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod) {
-    // Each sub-controller pre-multiplies: position, then rotation, then scale gives
-    // S * R * T * parent.
     auto* tm = static_cast<Matrix3*>(val);
     if (!plan_.Current()) plan_.Build(subs_[0], subs_[1], subs_[2]);
     if (plan_.Applies()) return plan_.Apply(t, *tm, valid);
+    ApplyParts(t, *tm, valid);
+}
+
+void PRS::ApplyParts(TimeValue t, Matrix3& tm, Interval& valid) {
+    // Each sub-controller pre-multiplies: position, then rotation, then scale gives
+    // S * R * T * parent.
     for (Control* sub : subs_)
-        if (sub) sub->GetValue(t, tm, valid, CTRL_RELATIVE);
+        if (sub) sub->GetValue(t, &tm, valid, CTRL_RELATIVE);
 }
 
 Matrix3 PRS::World(TimeValue t, const Matrix3& parent) {

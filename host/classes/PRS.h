@@ -45,6 +45,9 @@ protected:
     Control* Track(int i) override { return subs_[i]; }
 
 private:
+    // GetValue through the parts' own virtual reads, whatever their classes; kept out of
+    // GetValue so that a read through the plan does not pay for its frame.
+    [[gnu::noinline]] void ApplyParts(TimeValue t, Matrix3& tm, Interval& valid);
     // The node's world transform at t for the parent's world transform.
     Matrix3 World(TimeValue t, const Matrix3& parent);
     void Place(TimeValue t, const SetXFormPacket& packet, int commit);

@@ -51,6 +51,9 @@ float PRSReadPlan::ReadTrack(int i, TimeValue t, Interval& valid) {
 }
 
 void PRSReadPlan::Apply(TimeValue t, Matrix3& tm, Interval& valid) {
+    // Every segment a read may step to is asked for at once, rather than one by one as
+    // the reads reach them.
+    for (const BezierChannel::Cursor& cursor : cursors_) cursor.Prefetch();
     // A cursor's value holds at t alone, as a track's read inside its keys does.
     bool answered = false;
     float v[kScaleChannel];

@@ -46,8 +46,8 @@ private:
     bool applies_ = false;
     bool oneAxis_ = false;  // every scale key has the axis scaleAxis_: the cursors read it
     int order_ = 0;         // the Euler order
-    BezierChannel::Cursor cursors_[kChannels];
     Quat scaleAxis_;
+    BezierChannel::Cursor cursors_[kChannels];
     BezierFloat* tracks_[kScaleChannel] = {};
     BezierScale* scale_ = nullptr;
 };
