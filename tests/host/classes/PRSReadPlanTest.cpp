@@ -81,6 +81,16 @@ protected:
         }
         keys->SortKeys();
     }
+    // Smooth keys every 200 ticks over 0 to 4000, which cursors read.
+    void KeyEvenly(Control* track) {
+        IKeyControl* keys = GetKeyControlInterface(track);
+        for (TimeValue t = 0; t <= 4000; t += 200) {
+            IBezFloatKey key;
+            key.time = t;
+            key.val = Value(-3.0f, 3.0f);
+            keys->AppendKey(&key);
+        }
+    }
     void KeyAll() {
         for (int i = 0; i < 6; ++i) KeyFloat(Track(i));
         KeyScale(prs_->GetScaleController());
@@ -92,12 +102,16 @@ protected:
     }
 
     // Times in playback order (small and large steps), then scrubbing, then backwards,
-    // reaching before the first key and past the last.
+    // reaching before the first key and past the last; last, playback up to kResume,
+    // where the next reads begin, so that they find the cursors inside the keys.
+    static constexpr TimeValue kResume = 2000;
     std::vector<TimeValue> Times() {
         std::vector<TimeValue> times;
         for (TimeValue t = -600; t < 4400; t += Uniform(1, 200)) times.push_back(t);
         for (int n = 0; n < 60; ++n) times.push_back(Uniform(-600, 4400));
         for (TimeValue t = 4400; t > -600; t -= Uniform(1, 300)) times.push_back(t);
+        for (TimeValue t = 1000; t < kResume; t += Uniform(1, 100)) times.push_back(t);
+        times.push_back(kResume);
         return times;
     }
 
@@ -117,6 +131,7 @@ protected:
         ASSERT_EQ(plannedValid.End(), generalValid.End()) << "at " << t;
     }
     void ExpectSameAsParts(const Matrix3& parent) {
+        ASSERT_NO_FATAL_FAILURE(ExpectSameAsParts(kResume, parent));
         for (TimeValue t : Times()) ASSERT_NO_FATAL_FAILURE(ExpectSameAsParts(t, parent));
     }
 
@@ -137,10 +152,12 @@ TEST_F(PRSReadPlanTest, RandomKeysReadAsThePartsReadThem) {
     }
 }
 
-// Each edit leaves the plan reading tables that are gone or a layout that changed, unless
-// the plan is built again.
+// Each edit leaves the plan reading tables that are gone or hold other keys, or parts that
+// changed, unless the plan is built again. The reads after an edit begin where the cursors
+// stopped before it.
 TEST_F(PRSReadPlanTest, EditsBetweenReadsAreSeen) {
-    KeyAll();
+    for (int i = 0; i < 6; ++i) KeyEvenly(Track(i));
+    KeyScale(prs_->GetScaleController());
     const Matrix3 parent = rnd_.Affine();
     auto check = [&](const char* edit) {
         SCOPED_TRACE(edit);
@@ -149,12 +166,7 @@ TEST_F(PRSReadPlanTest, EditsBetweenReadsAreSeen) {
     check("keys");
 
     IKeyControl* keys = GetKeyControlInterface(Track(4));
-    for (int k = 0; k < 40; ++k) {  // the segment table grows and moves
-        IBezFloatKey key;
-        key.time = 100 * k;
-        key.val = Value(-2.0f, 2.0f);
-        keys->AppendKey(&key);
-    }
+    KeyEvenly(Track(4));  // twice the keys: the segment table moves
     keys->SortKeys();
     check("keys added");
 
