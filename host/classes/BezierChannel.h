@@ -35,7 +35,8 @@ public:
         // outside both segments or a segment that is not a cubic.
         bool Read(TimeValue t, float& value) {
             if (t >= end_) {
-                if (remaining_ == 0 || t >= segment_[1].end) return false;
+                // Past the last segment the end marker, ending before every time, stops it.
+                if (t >= segment_[1].end) return false;
                 Advance();
             }
             const Segment& segment = *segment_;
@@ -51,15 +52,13 @@ public:
         friend class BezierChannel;
         void Advance() {
             ++segment_;
-            --remaining_;
             end_ = segment_->end;
-            if (remaining_ >= 2) __builtin_prefetch(segment_ + 2);
+            __builtin_prefetch(segment_ + 2);  // at most one past the end marker
         }
 
         // The end of the segment, kept here so that a read past it goes straight to the
         // next segment without touching this one.
         TimeValue end_ = TIME_NegInfinity;
-        uint32_t remaining_ = 0;  // segments after this one
         const Segment* segment_ = kNoSegments;
     };
 
@@ -106,8 +105,10 @@ private:
         float invDuration = 0.0f;
         float c[4] = {};
     };
-    // Where a cursor without segments points, so that it always points somewhere.
+    // Where a cursor without segments points: a segment and the end marker after it.
     static const Segment kNoSegments[2];
+    // The segments without the end marker.
+    size_t Count() const { return segments_.empty() ? 0 : segments_.size() - 1; }
     static float Cubic(const Segment& segment, TimeValue t) {
         const float s = float(t - segment.start) * segment.invDuration;
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
@@ -117,6 +118,8 @@ private:
 
     // The cursor comes first: it is all that a read in playback touches here.
     mutable Cursor cursor_;
+    // One per pair of neighbouring knots, then an end marker that ends before every time,
+    // which is where stepping on stops.
     std::vector<Segment> segments_;
     std::vector<BezierKnot> knots_;
 };
