@@ -82,21 +82,35 @@ float BezierChannel::SegmentValue(size_t k, TimeValue t) const {
                        b.val + b.intan * b.inLength * dt, b.val, u);
 }
 
+const BezierChannel::Segment BezierChannel::kNoSegments[2] = {{0, TIME_NegInfinity},
+                                                              {0, TIME_NegInfinity}};
+
+BezierChannel& BezierChannel::operator=(const BezierChannel& other) {
+    segments_ = other.segments_;
+    knots_ = other.knots_;
+    SetHint(other.segments_.empty() ? 0 : size_t(other.cursor_.segment_ - other.segments_.data()));
+    return *this;
+}
+
 size_t BezierChannel::Locate(TimeValue t) const {
     // Playback reads the segment of the last read or the next one.
-    const size_t last = segments_.size() - 1;
-    for (size_t k = hint_; k <= std::min(hint_ + 1, last); ++k)
+    const size_t last = Count() - 1;
+    const size_t hint = size_t(cursor_.segment_ - segments_.data());
+    for (size_t k = hint; k <= std::min(hint + 1, last); ++k)
         if (segments_[k].start <= t && (t < segments_[k].end || k == last)) return k;
     const auto next =
-        std::upper_bound(segments_.begin(), segments_.end(), t,
+        std::upper_bound(segments_.begin(), segments_.begin() + std::ptrdiff_t(Count()), t,
                          [](TimeValue time, const Segment& s) { return time < s.start; });
     return next == segments_.begin() ? 0 : size_t(next - segments_.begin()) - 1;
 }
 
 void BezierChannel::SetHint(size_t k) const {
-    hint_ = k;
-    start_ = segments_.empty() ? 0 : segments_[k].start;
-    end_ = segments_.empty() ? 0 : segments_[k].end;
+    if (segments_.empty()) {
+        cursor_ = Cursor();
+        return;
+    }
+    cursor_.segment_ = &segments_[k];
+    cursor_.end_ = segments_[k].end;
 }
 
 float BezierChannel::InterpolateElsewhere(TimeValue t) const {
@@ -110,8 +124,10 @@ float BezierChannel::InterpolateElsewhere(TimeValue t) const {
 
 void BezierChannel::Set(std::vector<BezierKnot> knots) {
     knots_ = std::move(knots);
-    segments_.assign(knots_.size() > 1 ? knots_.size() - 1 : 0, Segment{});
-    for (size_t k = 0; k < segments_.size(); ++k) {
+    const size_t count = knots_.size() > 1 ? knots_.size() - 1 : 0;
+    segments_.assign(count > 0 ? count + 1 : 0, Segment{});
+    if (count > 0) segments_[count] = kNoSegments[1];
+    for (size_t k = 0; k < count; ++k) {
         const BezierKnot& a = knots_[k];
         const BezierKnot& b = knots_[k + 1];
         segments_[k].start = a.time;

@@ -22,7 +22,51 @@ struct BezierKnot {
 // inner control points lie along the tangents at the lengths; a step tangent on either
 // side holds the value.
 class BezierChannel {
+    struct Segment;
+
 public:
+    // A read position in a channel's segments, for reads in playback order: it answers
+    // for times in its segment or the next one, where the segment is a cubic, and moves
+    // to the next one when t has passed its end. It stays usable while the channel's
+    // knots stay as they are. A cursor of a channel without segments answers nothing.
+    class Cursor {
+    public:
+        // The value at t as the channel gives it, or false (the cursor unmoved) for a time
+        // outside both segments or a segment that is not a cubic.
+        bool Read(TimeValue t, float& value) {
+            if (t >= end_) {
+                // Past the last segment the end marker, ending before every time, stops it.
+                if (t >= segment_[1].end) return false;
+                Advance();
+            }
+            const Segment& segment = *segment_;
+            // invDuration is 1 / duration of a cubic segment and 0 for the others.
+            if (t < segment.start || !(segment.invDuration > 0.0f)) return false;
+            value = Cubic(segment, t);
+            return true;
+        }
+        // Asks for the segment that a read stepping on reaches, ahead of the read.
+        void Prefetch() const { __builtin_prefetch(segment_ + 1); }
+
+    private:
+        friend class BezierChannel;
+        void Advance() {
+            ++segment_;
+            end_ = segment_->end;
+            __builtin_prefetch(segment_ + 2);  // at most one past the end marker
+        }
+
+        // The end of the segment, kept here so that a read past it goes straight to the
+        // next segment without touching this one.
+        TimeValue end_ = TIME_NegInfinity;
+        const Segment* segment_ = kNoSegments;
+    };
+
+    BezierChannel() = default;
+    // A copy reads its own segments.
+    BezierChannel(const BezierChannel& other) { *this = other; }
+    BezierChannel& operator=(const BezierChannel& other);
+
     // Recomputes the tangents of automatic types in place:
     //   smooth  the slope between the neighbouring knots (one-sided at the ends)
     //   linear  the slope of the segment on that side
@@ -35,13 +79,14 @@ public:
     // The value at t, for t within the knots' times; at least two knots. Playback
     // reads the segment it read last or the next one.
     float Interpolate(TimeValue t) const {
-        if (t >= end_ && hint_ + 1 < segments_.size() && t < segments_[hint_ + 1].end) Advance();
-        const Segment& segment = segments_[hint_];
-        if (t >= start_ && t < end_ && segment.invDuration != 0.0f) return Cubic(segment, t);
+        float value;
+        if (cursor_.Read(t, value)) return value;
         return InterpolateElsewhere(t);
     }
     // Beyond the first knot (before) or the last one, along its tangent.
     float ExtendLinear(bool before, TimeValue t) const;
+    // The read position of the last Interpolate, for a reader that keeps its own.
+    Cursor LastRead() const { return cursor_; }
 
 private:
     // The segment holding t: the one before the first knot's time for earlier times.
@@ -60,24 +105,21 @@ private:
         float invDuration = 0.0f;
         float c[4] = {};
     };
+    // Where a cursor without segments points: a segment and the end marker after it.
+    static const Segment kNoSegments[2];
+    // The segments without the end marker.
+    size_t Count() const { return segments_.empty() ? 0 : segments_.size() - 1; }
     static float Cubic(const Segment& segment, TimeValue t) {
         const float s = TicksBetween(segment.start, t) * segment.invDuration;
         return ((segment.c[3] * s + segment.c[2]) * s + segment.c[1]) * s + segment.c[0];
     }
-
-    // Moves the hint to the next segment.
-    void Advance() const {
-        ++hint_;
-        start_ = end_;
-        end_ = segments_[hint_].end;
-        if (hint_ + 2 < segments_.size()) __builtin_prefetch(&segments_[hint_ + 2]);
-    }
+    // Puts the cursor on segment k (on none without segments).
     void SetHint(size_t k) const;
 
-    // The fields a read touches come first: the segment of the last read and its times,
-    // which decide whether the next read stays in it without touching the segments.
-    mutable TimeValue start_ = 0, end_ = 0;
-    mutable size_t hint_ = 0;
+    // The cursor comes first: it is all that a read in playback touches here.
+    mutable Cursor cursor_;
+    // One per pair of neighbouring knots, then an end marker that ends before every time,
+    // which is where stepping on stops.
     std::vector<Segment> segments_;
     std::vector<BezierKnot> knots_;
 };

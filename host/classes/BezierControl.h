@@ -13,6 +13,10 @@ namespace host {
 // back into the keys.
 template <class Key, class Value, int N>
 class BezierControl : public KeyframeControl<Key, Value> {
+public:
+    // The curve of one component, as of the last Refresh.
+    const BezierChannel& Channel(int axis) const { return channels_[axis]; }
+
 protected:
     using KeyframeControl<Key, Value>::keys_;
 

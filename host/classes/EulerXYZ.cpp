@@ -3,6 +3,7 @@
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
 #include "host/classes/HostClassDesc.h"
+#include "host/classes/TrackEdits.h"
 
 #include "host/math/Euler.h"
 #include "host/object/Hold.h"
@@ -32,6 +33,7 @@ public:
 private:
     void Put(int order) {
         ctrl_->order_ = order;
+        TrackEdits::Note();
         ctrl_->NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
     }
     TargetPin pin_;
@@ -45,12 +47,6 @@ void* EulerXYZ::GetInterface(uint32_t id) {
     return id == I_EULERCTRL ? static_cast<IEulerControl*>(this) : Control::GetInterface(id);
 }
 
-void EulerXYZ::ToAngles(const Point3& tracks, float* angles) const {
-    const bool repeating = IsRepeatingEulerOrder(order_);
-    for (int step = 0; step < 3; ++step)
-        angles[step] = repeating ? tracks[step] : tracks[EulerAxis(order_, step)];
-}
-
 Point3 EulerXYZ::FromAngles(const float* angles) const {
     Point3 tracks;
     for (int step = 0; step < 3; ++step)
@@ -61,7 +57,7 @@ Point3 EulerXYZ::FromAngles(const float* angles) const {
 
 void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod method) {
     float angles[3];
-    ToAngles(ReadTracks(t, valid), angles);
+    ReadAngles(t, valid, angles);
     if (method == CTRL_RELATIVE) return PreRotateEuler(*static_cast<Matrix3*>(val), angles, order_);
     Matrix3 rotation;
     EulerToMatrix(angles, rotation, order_);
@@ -71,7 +67,7 @@ void EulerXYZ::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod me
 void EulerXYZ::SetValue(TimeValue t, void* val, int commit, GetSetMethod method) {
     Interval valid = FOREVER;
     float angles[3];
-    ToAngles(ReadTracks(t, valid), angles);
+    ReadAngles(t, valid, angles);
     Quat q;
     if (method == CTRL_RELATIVE) {
         EulerToQuat(angles, q, order_);
@@ -87,6 +83,7 @@ void EulerXYZ::SetOrder(int order) {
     if (order == order_ || order < 0 || order >= kEulerOrderCount) return;
     if (theHold.Holding()) theHold.Put(new OrderRestore(this, order_, order));
     order_ = order;
+    TrackEdits::Note();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -103,6 +100,7 @@ IOResult EulerXYZ::Load(ILoad* iload) {
         if (order < 0 || order >= kEulerOrderCount)
             return LoadError(iload, "an Euler order is unknown");
         order_ = order;
+        TrackEdits::Note();
         return IO_OK;
     });
 }

@@ -2,6 +2,7 @@
 
 #include "host/classes/IEulerControl.h"
 #include "host/classes/XYZController.h"
+#include "host/math/Euler.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -27,6 +28,21 @@ public:
     void SetValue(TimeValue t, void* val, int commit = 1,
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
+    // The angles at t in order of application (radians), narrowing valid.
+    void ReadAngles(TimeValue t, Interval& valid, float* angles) {
+        const Point3 p = ReadTracks(t, valid);
+        const float tracks[3] = {p.x, p.y, p.z};
+        ToAngles(tracks, angles, order_);
+    }
+    // The angles in order of application from the X, Y and Z tracks' values: each track
+    // holds the angle of its own axis, or for the repeating orders the first, second and
+    // third.
+    static void ToAngles(const float* tracks, float* angles, int order) {
+        const int* axes = EulerAxes(order);
+        const bool repeating = IsRepeatingEulerOrder(order);
+        for (int step = 0; step < 3; ++step) angles[step] = tracks[repeating ? step : axes[step]];
+    }
+
     int GetOrder() override { return order_; }
     // Orders 0 to 8; undoable; the tracks keep their values.
     void SetOrder(int order) override;
@@ -39,8 +55,6 @@ public:
 
 private:
     class OrderRestore;
-    // The angles in order of application, from the tracks' values.
-    void ToAngles(const Point3& tracks, float* angles) const;
     Point3 FromAngles(const float* angles) const;
     int order_ = 0;
 };

@@ -14,10 +14,16 @@ public:
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override {
-        const float v = this->Inside(t) ? KeyedFloat::Interpolate(t) : this->Evaluate(t);
-        this->NarrowValidity(t, valid);
+        const float v = Read(t, valid);
         float* out = static_cast<float*>(val);
         *out = method == CTRL_RELATIVE ? *out + v : v;
+    }
+    // The absolute value at t, narrowing valid: what GetValue reads, for a caller that
+    // knows the track's class and calls it directly.
+    float Read(TimeValue t, Interval& valid) const {
+        const float v = this->Inside(t) ? KeyedFloat::Interpolate(t) : this->Evaluate(t);
+        this->NarrowValidity(t, valid);
+        return v;
     }
     void SetValue(TimeValue t, void* val, int commit = 1,
                   GetSetMethod method = CTRL_ABSOLUTE) override {

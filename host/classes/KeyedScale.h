@@ -28,8 +28,7 @@ public:
 
     void GetValue(TimeValue t, void* val, Interval& valid,
                   GetSetMethod method = CTRL_ABSOLUTE) override {
-        const ScaleValue s = this->Inside(t) ? KeyedScale::Interpolate(t) : this->Evaluate(t);
-        this->NarrowValidity(t, valid);
+        const ScaleValue s = Read(t, valid);
         if (method == CTRL_RELATIVE)
             ApplyScaling(*static_cast<Matrix3*>(val), s);
         else
@@ -41,6 +40,17 @@ public:
         if (method == CTRL_RELATIVE) s = ComposeScale(this->Evaluate(t), s);
         this->WriteValue(t, s, commit);
     }
+    // The absolute value at t, narrowing valid: what GetValue reads, for a caller that
+    // knows the track's class and calls it directly.
+    ScaleValue Read(TimeValue t, Interval& valid) const {
+        const ScaleValue s = this->Inside(t) ? KeyedScale::Interpolate(t) : this->Evaluate(t);
+        this->NarrowValidity(t, valid);
+        return s;
+    }
+
+    // Whether every key has the same scale axis, as of the last Refresh; that axis.
+    bool OneAxis() const { return sameAxis_; }
+    const Quat& Axis() const { return axis_; }
 
 protected:
     ScaleValue Interpolate(TimeValue t) const override {
@@ -53,6 +63,7 @@ protected:
         const auto& keys = this->keys_;
         sameAxis_ = std::all_of(keys.begin(), keys.end(),
                                 [&keys](const auto& k) { return k.val.q == keys.front().val.q; });
+        if (!keys.empty()) axis_ = keys.front().val.q;
     }
     ScaleValue ExtendLinear(bool before, TimeValue t) const override {
         ScaleValue v = Base::ExtendLinear(before, t);
@@ -64,7 +75,7 @@ private:
     // The scale axis at t within the keys' times.
     Quat AxisAt(TimeValue t) const {
         const auto& keys = this->keys_;
-        if (sameAxis_) return keys.front().val.q;
+        if (sameAxis_) return axis_;
         const auto next =
             std::upper_bound(keys.begin(), keys.end(), t,
                              [](TimeValue time, const auto& k) { return time < k.time; });
@@ -76,7 +87,8 @@ private:
         return Slerp(a.val.q, b.val.q, TicksBetween(a.time, t) / TicksBetween(a.time, b.time));
     }
 
-    bool sameAxis_ = true;  // every key has the same axis: no search
+    bool sameAxis_ = true;  // every key has the same axis, axis_: no search
+    Quat axis_;
 };
 
 }  // namespace host

@@ -8,6 +8,7 @@
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
 #include "host/classes/IKeyControl.h"
+#include "host/classes/TrackEdits.h"
 #include "host/object/Animate.h"
 #include "host/object/Control.h"
 #include "host/object/Hold.h"
@@ -122,6 +123,17 @@ public:
     int AppendKey(IKey* key) override;
     void SortKeys() override;
 
+    // Tangents and the curve's tables are rebuilt on the first read after edits, so
+    // that a loader appending keys one by one does not rebuild them for every key; a
+    // reader of the tables calls this first.
+    void Refresh() const {
+        if (!stale_) return;
+        auto* self = const_cast<KeyframeControl*>(this);  // never a const object
+        self->UpdateTangents();
+        self->UpdateSegments();
+        self->stale_ = false;
+    }
+
     // The keys with every field, the value held without keys and both out-of-range
     // types. A loaded track sorts its keys and rebuilds its tables on the first read.
     IOResult Save(ISave* isave) override;
@@ -186,16 +198,6 @@ private:
         span_ = keys_.empty() ? NEVER : Interval(keys_.front().time, keys_.back().time);
     }
 
-    // Tangents and the curve's tables are rebuilt on the first read after edits, so
-    // that a loader appending keys one by one does not rebuild them for every key.
-    void Refresh() const {
-        if (!stale_) return;
-        auto* self = const_cast<KeyframeControl*>(this);  // never a const object
-        self->UpdateTangents();
-        self->UpdateSegments();
-        self->stale_ = false;
-    }
-
     std::unique_ptr<State> tentative_;  // rare, so kept out of the way of reads
     Value value_{};
     int ortBefore_ = ORT_CONSTANT, ortAfter_ = ORT_CONSTANT;
@@ -235,6 +237,7 @@ void KeyframeControl<Key, Value>::Change(Edit edit) {
     edit();
     UpdateSpan();
     stale_ = true;
+    TrackEdits::Note();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -246,6 +249,7 @@ void KeyframeControl<Key, Value>::SetState(const State& s) {
     ortAfter_ = s.ortAfter;
     UpdateSpan();
     stale_ = true;
+    TrackEdits::Note();
     NotifyDependents(FOREVER, PART_ALL, REFMSG_CHANGE);
 }
 
@@ -463,6 +467,7 @@ IOResult KeyframeControl<Key, Value>::Load(ILoad* iload) {
     SortKeysInPlace();
     UpdateSpan();
     stale_ = true;
+    TrackEdits::Note();
     return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/classes/HostClassDesc.h"
 #include "host/classes/HostClasses.h"
+#include "host/classes/TrackEdits.h"
 #include "host/math/MatrixHelpers.h"
 #include "host/object/RemapDir.h"
 
@@ -32,16 +33,27 @@ WStr PRS::SubAnimName(int i) {
     return WStr(i >= 0 && i < 3 ? kSubNames[i] : L"");
 }
 
+void PRS::SetReference(int i, ReferenceTarget* t) {
+    subs_[i] = ControlOf(t, kSubSuperClasses[i]);
+    TrackEdits::Note();
+}
+
 bool PRS::AssignController(Animatable* c, int i) {
     return CanAssignController(i) && AssignTrack(c, i, kSubSuperClasses[i]);
 }
 
 void PRS::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod) {
+    auto* tm = static_cast<Matrix3*>(val);
+    if (!plan_.Current()) plan_.Build(subs_[0], subs_[1], subs_[2]);
+    if (plan_.Applies()) return plan_.Apply(t, *tm, valid);
+    ApplyParts(t, *tm, valid);
+}
+
+void PRS::ApplyParts(TimeValue t, Matrix3& tm, Interval& valid) {
     // Each sub-controller pre-multiplies: position, then rotation, then scale gives
     // S * R * T * parent.
-    auto* tm = static_cast<Matrix3*>(val);
     for (Control* sub : subs_)
-        if (sub) sub->GetValue(t, tm, valid, CTRL_RELATIVE);
+        if (sub) sub->GetValue(t, &tm, valid, CTRL_RELATIVE);
 }
 
 Matrix3 PRS::World(TimeValue t, const Matrix3& parent) {

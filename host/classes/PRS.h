@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/classes/CompoundControl.h"
+#include "host/classes/PRSReadPlan.h"
 #include "host/object/HostClassIds.h"
 
 namespace host {
@@ -41,16 +42,14 @@ public:
                   GetSetMethod method = CTRL_ABSOLUTE) override;
 
 protected:
-    void SetReference(int i, ReferenceTarget* t) override {
-        subs_[i] = ControlOf(t, kTrackClasses[i]);
-    }
+    void SetReference(int i, ReferenceTarget* t) override;
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return subs_[i]; }
 
 private:
-    static constexpr SClass_ID kTrackClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION_CLASS_ID,
-                                                   CTRL_SCALE_CLASS_ID};
-
+    // GetValue through the parts' own virtual reads, whatever their classes; kept out of
+    // GetValue so that a read through the plan does not pay for its frame.
+    [[gnu::noinline]] void ApplyParts(TimeValue t, Matrix3& tm, Interval& valid);
     // The node's world transform at t for the parent's world transform.
     Matrix3 World(TimeValue t, const Matrix3& parent);
     void Place(TimeValue t, const SetXFormPacket& packet, int commit);
@@ -61,6 +60,8 @@ private:
     void PutWorldPosition(TimeValue t, const Point3& world, const Matrix3& parent, int commit);
 
     Control* subs_[3] = {nullptr, nullptr, nullptr};
+    // How the parts are read when they are the default controllers.
+    PRSReadPlan plan_;
 };
 
 }  // namespace host

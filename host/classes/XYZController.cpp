@@ -1,5 +1,10 @@
 #include "host/classes/XYZController.h"
 
+#include <algorithm>
+#include <iterator>
+#include <typeinfo>
+
+#include "host/classes/TrackEdits.h"
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
 #include "host/object/RemapDir.h"
@@ -24,7 +29,15 @@ bool XYZController::AssignController(Animatable* c, int i) {
     return AssignTrack(c, i, CTRL_FLOAT_CLASS_ID);
 }
 
-Point3 XYZController::ReadTracks(TimeValue t, Interval& valid) {
+void XYZController::SetReference(int i, ReferenceTarget* t) {
+    tracks_[i] = ControlOf(t, CTRL_FLOAT_CLASS_ID);
+    TrackEdits::Note();
+    bezierTracks_ = std::all_of(std::begin(tracks_), std::end(tracks_), [](Control* track) {
+        return track && typeid(*track) == typeid(BezierFloat);
+    });
+}
+
+Point3 XYZController::ReadAnyTracks(TimeValue t, Interval& valid) {
     Point3 v;
     for (int i = 0; i < 3; ++i)
         if (tracks_[i]) tracks_[i]->GetValue(t, &v[i], valid);

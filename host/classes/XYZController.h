@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/classes/BezierFloat.h"
 #include "host/classes/CompoundControl.h"
 
 namespace host {
@@ -26,20 +27,28 @@ public:
     // The same class with the three tracks cloned.
     ReferenceTarget* Clone(RemapDir& remap) override;
 
+    // The three tracks' values at t, narrowing valid. Bezier float tracks, the default,
+    // are read directly rather than through GetValue.
+    Point3 ReadTracks(TimeValue t, Interval& valid) {
+        if (!bezierTracks_) return ReadAnyTracks(t, valid);
+        Point3 v;
+        for (int i = 0; i < 3; ++i) v[i] = static_cast<BezierFloat*>(tracks_[i])->Read(t, valid);
+        return v;
+    }
+
 protected:
     int NumTracks() override { return 3; }
     Control* Track(int i) override { return tracks_[i]; }
-    void SetReference(int i, ReferenceTarget* t) override {
-        tracks_[i] = ControlOf(t, CTRL_FLOAT_CLASS_ID);
-    }
-    // The three tracks' values at t, narrowing valid.
-    Point3 ReadTracks(TimeValue t, Interval& valid);
+    void SetReference(int i, ReferenceTarget* t) override;
     // Each track takes its component.
     void WriteTracks(TimeValue t, const Point3& v, int commit, GetSetMethod method);
 
 private:
     const wchar_t* const (&names_)[3];
+    Point3 ReadAnyTracks(TimeValue t, Interval& valid);
+
     Control* tracks_[3] = {nullptr, nullptr, nullptr};
+    bool bezierTracks_ = false;  // all three tracks are of class BezierFloat itself
 };
 
 }  // namespace host

@@ -11,19 +11,9 @@ namespace {
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kTwoPi = 2.0 * kPi;
 
-constexpr int kAxes[kEulerOrderCount][3] = {
-    {0, 1, 2}, {0, 2, 1}, {1, 2, 0}, {1, 0, 2}, {2, 0, 1},
-    {2, 1, 0}, {0, 1, 0}, {1, 2, 1}, {2, 0, 2},
-};
-
 // Below this |cos| (|sin| for repeating orders) of the middle angle the first and
 // third axes coincide to float precision: the rotation is in gimbal lock.
 constexpr float kGimbal = 16.0f * FLT_EPSILON;
-
-int CheckedOrder(int order) {
-    assert(order >= 0 && order < kEulerOrderCount);
-    return order >= 0 && order < kEulerOrderCount ? order : EULERTYPE_XYZ;
-}
 
 void RotateAbout(Matrix3& m, int axis, float angle) {
     if (axis == 0)
@@ -65,7 +55,7 @@ void RowsOfMatrix(const Matrix3& m, Rows& rows) {
 // R_k(e2) R_j(e1) R_i(e0); the formulas hold for cyclic axis orders, and an odd
 // order is the mirror image of a cyclic one, so its angles change sign.
 Extracted RotationToEuler(const Rows& m, int order) {
-    const int i = kAxes[order][0], j = kAxes[order][1];
+    const int i = kEulerAxes[order][0], j = kEulerAxes[order][1];
     const int k = 3 - i - j;  // the axis named by neither i nor j
     auto N = [&m](int r, int c) { return m[c][r]; };
     Extracted e{};
@@ -113,7 +103,7 @@ void NearestLocked(const Extracted& e, int order, float* angles) {
     if (IsRepeatingEulerOrder(order)) {
         s = std::cos(middle) > 0.0 ? -1.0 : 1.0;
     } else {
-        const bool cyclic = kAxes[order][1] == (kAxes[order][0] + 1) % 3;
+        const bool cyclic = kEulerAxes[order][1] == (kEulerAxes[order][0] + 1) % 3;
         s = (std::sin(middle) > 0.0) == cyclic ? 1.0 : -1.0;
     }
     const double d = angles[0] - e.a[0], f = angles[2] - e.a[2];
@@ -132,34 +122,34 @@ void Store(const double* a, float* angles) {
 
 int EulerAxis(int order, int step) {
     assert(step >= 0 && step < 3);
-    return kAxes[CheckedOrder(order)][step];
+    return kEulerAxes[CheckedEulerOrder(order)][step];
 }
 
 void EulerToMatrix(const float* angles, Matrix3& m, int order) {
-    order = CheckedOrder(order);
+    order = CheckedEulerOrder(order);
     m.IdentityMatrix();
-    for (int n = 0; n < 3; ++n) RotateAbout(m, kAxes[order][n], angles[n]);
+    for (int n = 0; n < 3; ++n) RotateAbout(m, kEulerAxes[order][n], angles[n]);
 }
 
 void PreRotateEuler(Matrix3& m, const float* angles, int order) {
-    const int* axes = kAxes[CheckedOrder(order)];
+    const int* axes = EulerAxes(order);
     // R0 * R1 * R2 * m: the last rotation reaches m first.
     for (int n = 2; n >= 0; --n) m.PreRotateAbout(axes[n], angles[n]);
 }
 
 void EulerToQuat(const float* angles, Quat& q, int order) {
-    order = CheckedOrder(order);
+    order = CheckedEulerOrder(order);
     q.Identity();
     // A quaternion turns the other way from a matrix rotation of the same angle.
     for (int n = 0; n < 3; ++n) {
         Quat turn(0.0f, 0.0f, 0.0f, std::cos(angles[n] * 0.5f));
-        turn[kAxes[order][n]] = -std::sin(angles[n] * 0.5f);
+        turn[kEulerAxes[order][n]] = -std::sin(angles[n] * 0.5f);
         q *= turn;
     }
 }
 
 void MatrixToEuler(const Matrix3& m, float* angles, int order) {
-    order = CheckedOrder(order);
+    order = CheckedEulerOrder(order);
     Matrix3 rotation = m;
     if (!(m.GetIdentFlags() & Matrix3::SCL_IDENT)) rotation.Orthogonalize();
     Rows rows;
@@ -168,14 +158,14 @@ void MatrixToEuler(const Matrix3& m, float* angles, int order) {
 }
 
 void QuatToEuler(const Quat& q, float* angles, int order) {
-    order = CheckedOrder(order);
+    order = CheckedEulerOrder(order);
     Rows rows;
     RowsOfQuat(q, rows);
     Store(RotationToEuler(rows, order).a, angles);
 }
 
 void ContinuousQuatToEuler(const Quat& q, float* angles, int order) {
-    order = CheckedOrder(order);
+    order = CheckedEulerOrder(order);
     Rows rows;
     RowsOfQuat(q, rows);
     const Extracted e = RotationToEuler(rows, order);

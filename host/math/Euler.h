@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cassert>
+
 #include "host/math/Matrix3.h"
 #include "host/math/Quat.h"
 
@@ -20,6 +22,21 @@ enum EulerOrder : int {
     EULERTYPE_ZXZ = 8,
 };
 inline constexpr int kEulerOrderCount = 9;
+
+// The axes (0 X, 1 Y, 2 Z) of each order in order of application.
+inline constexpr int kEulerAxes[kEulerOrderCount][3] = {
+    {0, 1, 2}, {0, 2, 1}, {1, 2, 0}, {1, 0, 2}, {2, 0, 1},
+    {2, 1, 0}, {0, 1, 0}, {1, 2, 1}, {2, 0, 2},
+};
+// An order outside 0 to 8 is a broken invariant; release builds read it as XYZ.
+inline int CheckedEulerOrder(int order) {
+    assert(order >= 0 && order < kEulerOrderCount);
+    return order >= 0 && order < kEulerOrderCount ? order : EULERTYPE_XYZ;
+}
+// The three axes of order, in order of application.
+inline const int* EulerAxes(int order) {
+    return kEulerAxes[CheckedEulerOrder(order)];
+}
 
 // The axis (0 X, 1 Y, 2 Z) that order applies at step 0, 1 or 2.
 int EulerAxis(int order, int step);

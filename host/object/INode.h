@@ -227,9 +227,7 @@ private:
     // Sends a transform packet to the controller with the parent's transform filled in.
     void Transform(TimeValue t, SetXFormPacket& packet);
 
-    INode* parent_ = nullptr;
     std::vector<INode*> children_;
-    Control* tmControl_ = nullptr;
     Object* object_ = nullptr;
     Control* visControl_ = nullptr;
     Mtl* mtl_ = nullptr;
@@ -239,9 +237,13 @@ private:
     bool inScene_ = false;
     bool selected_ = false;
 
-    Matrix3 tm_;
+    // What a transform query reads: the cached transform and its validity in one cache
+    // line, then the parent and the controller that an evaluation reads.
+    alignas(64) Matrix3 tm_;
     Interval tmValid_ = NEVER;
     bool evaluating_ = false;
+    INode* parent_ = nullptr;
+    Control* tmControl_ = nullptr;
     ObjectState ws_;
     Interval wsValid_ = NEVER;
 };
