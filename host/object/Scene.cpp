@@ -71,6 +71,10 @@ INode* Scene::FindByHandle(uint32_t handle) const {
 }
 
 WStr Scene::UniqueName(const WStr& base) {
+    return UniqueNames({base}).front();
+}
+
+std::vector<WStr> Scene::UniqueNames(const std::vector<WStr>& bases) {
     // The scene's names, gathered once, lower case as lookups compare them.
     std::unordered_set<std::wstring> taken;
     Walk(Root(), [&](INode* node) {
@@ -78,13 +82,24 @@ WStr Scene::UniqueName(const WStr& base) {
         taken.insert(name.toLower().data());
         return false;
     });
-    for (int n = 1;; ++n) {
-        wchar_t digits[16];
-        std::swprintf(digits, 16, L"%03d", n);
-        WStr name = base + WStr(digits);
-        WStr lower = name;
-        if (!taken.count(lower.toLower().data())) return name;
+    // Where the search for each base goes on: numbers below it are taken.
+    std::unordered_map<std::wstring, int> next;
+    std::vector<WStr> names;
+    for (const WStr& base : bases) {
+        WStr lowerBase = base;
+        int& n = next.try_emplace(lowerBase.toLower().data(), 1).first->second;
+        for (;; ++n) {
+            wchar_t digits[16];
+            std::swprintf(digits, 16, L"%03d", n);
+            WStr name = base + WStr(digits);
+            WStr lower = name;
+            if (taken.insert(lower.toLower().data()).second) {
+                names.push_back(name);
+                break;
+            }
+        }
     }
+    return names;
 }
 
 INode* Scene::CreateNode(Object* obj, const WStr& name) {

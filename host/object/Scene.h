@@ -31,6 +31,10 @@ public:
     int DeleteNodes(const std::vector<INode*>& nodes, bool keepChildTM);
     // base followed by the first three-digit number that no node's name has yet.
     WStr UniqueName(const WStr& base);
+    // One unique name for each base, as UniqueName gives them one after the other, each
+    // also differing from those before it: the names of nodes about to enter the scene
+    // together. The scene's names are read once.
+    std::vector<WStr> UniqueNames(const std::vector<WStr>& bases);
 
     const std::vector<INode*>& Selection() const { return selection_; }
     // Replaces the selection, recorded when holding, and broadcasts the change.
