@@ -1,7 +1,7 @@
 #include "host/io/NodeCloner.h"
 
-#include <algorithm>
 #include <cwctype>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "host/io/CloneRemapDir.h"
@@ -124,13 +124,20 @@ bool NodeCloner::CloneContents(RemapDir& remap) {
 
 void NodeCloner::Place(const Point3& offset) {
     const TimeValue t = ip_.GetTime();
+    std::unordered_map<INode*, INode*> cloneOf;
+    std::vector<WStr> bases;
+    for (size_t i = 0; i < originals_.size(); ++i) {
+        cloneOf[originals_[i]] = clones_[i];
+        bases.push_back(NameBase(originals_[i]->GetName()));
+    }
+    const std::vector<WStr> names = ip_.GetScene().UniqueNames(bases);
     for (size_t i = 0; i < originals_.size(); ++i) {
         INode* parent = originals_[i]->GetParentNode();
-        const auto cloned = std::find(originals_.begin(), originals_.end(), parent);
-        const bool top = cloned == originals_.end();
+        const auto cloned = cloneOf.find(parent);
+        const bool top = cloned == cloneOf.end();
         INode* clone = clones_[i];
-        clone->SetName(ip_.GetScene().UniqueName(NameBase(originals_[i]->GetName())).data());
-        (top ? parent : clones_[size_t(cloned - originals_.begin())])->AttachChild(clone, false);
+        clone->SetName(names[i].data());
+        (top ? parent : cloned->second)->AttachChild(clone, false);
         if (top && !(offset == Point3())) clone->Move(t, Matrix3(), offset);
     }
 }

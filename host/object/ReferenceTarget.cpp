@@ -20,6 +20,8 @@ ReferenceTarget* ReferenceTarget::Clone(RemapDir&) {
 
 void ReferenceTarget::BaseClone(ReferenceTarget* from, ReferenceTarget* to, RemapDir& remap) {
     if (!from || !to || from == to) return;
+    // The flag word is not copied: its bits say what is happening to this object now
+    // (held by the open hold, reached by a loop probe), which a new object is not.
     if (ICustAttribContainer* attribs = from->GetCustAttribContainer()) {
         auto* copy = dynamic_cast<ICustAttribContainer*>(remap.CloneRef(attribs));
         if (copy && to->AdoptCustAttribContainer(copy)) copy->owner_ = to;

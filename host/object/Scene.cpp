@@ -88,6 +88,18 @@ WStr Scene::UniqueName(const WStr& base) {
     }
 }
 
+std::vector<WStr> Scene::UniqueNames(const std::vector<WStr>& bases) {
+    // Each name is held as taken while the next is chosen, and let go at the end: the
+    // nodes take their names when they enter the scene.
+    std::vector<WStr> names;
+    for (const WStr& base : bases) {
+        names.push_back(UniqueName(base));
+        AddName(names.back());
+    }
+    for (const WStr& name : names) RemoveName(name);
+    return names;
+}
+
 void Scene::Renamed(INode* node, const WStr& old) {
     if (!node->inScene_) return;
     RemoveName(old);

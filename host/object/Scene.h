@@ -34,6 +34,10 @@ public:
     WStr UniqueName(const WStr& base);
     // Called by a node of the scene whose name changed from old.
     void Renamed(INode* node, const WStr& old);
+    // One unique name for each base, as UniqueName gives them one after the other, each
+    // also differing from those before it: the names of nodes about to enter the scene
+    // together.
+    std::vector<WStr> UniqueNames(const std::vector<WStr>& bases);
 
     const std::vector<INode*>& Selection() const { return selection_; }
     // Replaces the selection, recorded when holding, and broadcasts the change.
