@@ -38,7 +38,7 @@ protected:
         if (!loading) desc->MakeAutoParamBlocks(this);
     }
     void SetReference(int i, ReferenceTarget* target) override {
-        if (i == 0) pblock_ = dynamic_cast<IParamBlock2*>(target);
+        if (i == 0) pblock_ = DefinedBlock(target);
     }
     float Float(ParamID id, TimeValue t) { return pblock_ ? pblock_->GetFloat(id, t) : 0.0f; }
     bool Bool(ParamID id, TimeValue t) { return pblock_ && pblock_->GetInt(id, t) != 0; }

@@ -61,8 +61,10 @@ ReferenceTarget* SimpleSpline::GetReference(int i) {
 }
 
 void SimpleSpline::SetReference(int i, ReferenceTarget* target) {
-    if (i == INTERP_BLOCK_REF) ipblock = dynamic_cast<IParamBlock2*>(target);
-    if (i == PBLOCK_REF) pblock2 = dynamic_cast<IParamBlock2*>(target);
+    IParamBlock2* block = DefinedBlock(target);
+    if (i == INTERP_BLOCK_REF)
+        ipblock = block && block->GetDesc() == GetInterpBlockDesc() ? block : nullptr;
+    if (i == PBLOCK_REF) pblock2 = block;
 }
 
 Animatable* SimpleSpline::SubAnim(int i) {

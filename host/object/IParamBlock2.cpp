@@ -106,13 +106,14 @@ void ClassDesc2::MakeAutoParamBlocks(ReferenceMaker* owner) {
 }
 
 IParamBlock2::IParamBlock2(ParamBlockDesc2* desc, ReferenceMaker* owner) : owner_(owner) {
-    Init(desc);
+    Init(desc, desc->GetClassDesc());
 }
 
 IParamBlock2::IParamBlock2(bool) {}
 
-void IParamBlock2::Init(ParamBlockDesc2* desc) {
+void IParamBlock2::Init(ParamBlockDesc2* desc, ClassDesc2* definingClass) {
     desc_ = desc;
+    definingClass_ = definingClass;
     values_.assign(size_t(desc->Count()), {});
     for (int i = 0; i < desc->Count(); ++i) {
         const ParamDef& def = desc->Param(i);
@@ -562,11 +563,11 @@ size_t IParamBlock2::ElementBytes(int index, bool withValues) const {
 
 IOResult IParamBlock2::Save(ISave* isave) {
     // A definition that several classes share (a shape's interpolation block) is found
-    // again through the owner's class, which lists it.
-    ClassDesc2* cd = desc_ ? desc_->GetClassDesc() : nullptr;
-    if (!cd && desc_ && owner_)
+    // again through the class the block was read for, or else its owner's class.
+    ClassDesc2* cd = definingClass_;
+    if (!cd && owner_)
         cd = ClassRegistry::Instance().Find(owner_->SuperClassID(), owner_->ClassID());
-    if (!cd) return IO_ERROR;  // nothing could find the definition again
+    if (!desc_ || !cd) return IO_ERROR;  // nothing could find the definition again
     isave->BeginChunk(chunks::PB_HEADER);
     IOResult res = chunkio::WriteValues(isave, ID(), cd->SuperClassID());
     if (res == IO_OK) res = chunkio::WriteClassID(isave, cd->ClassID());
@@ -624,7 +625,7 @@ IOResult IParamBlock2::LoadHeader(ILoad* iload) {
     if (!desc)
         return chunkio::LoadError(iload, "no registered class " + ClassText(superClass, cid) +
                                              " defines parameter block " + std::to_string(id));
-    Init(desc);
+    Init(desc, ClassRegistry::Instance().Find(superClass, cid));
     // Accessors take the owner for an object of the block's class: none other owns it.
     iload->RecordBackpatch(owner, [this, superClass, cid](ReferenceTarget* target) {
         if (target && target->SuperClassID() == superClass && target->ClassID() == cid)
@@ -691,6 +692,7 @@ private:
 ReferenceTarget* IParamBlock2::Clone(RemapDir& remap) {
     return CloneObject(this, remap, [this, &remap](IParamBlock2& to) {
         to.desc_ = desc_;
+        to.definingClass_ = definingClass_;
         to.values_ = values_;
         for (auto& elements : to.values_)
             for (Slot& slot : elements) slot.ref = nullptr;  // CloneReferences sets them

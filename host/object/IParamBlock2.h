@@ -124,7 +124,7 @@ private:
         int tab = 0;     // element of it
     };
 
-    void Init(ParamBlockDesc2* desc);
+    void Init(ParamBlockDesc2* desc, ClassDesc2* definingClass);
     IOResult SaveParam(ISave* isave, int index);
     IOResult LoadHeader(ILoad* iload);
     IOResult LoadParam(ILoad* iload, bool withValues);
@@ -156,11 +156,23 @@ private:
     bool Write(ParamID id, TimeValue t, int tab, Kind kind, T PB2Value::*field, const T& value);
 
     ParamBlockDesc2* desc_ = nullptr;
+    // The class whose descriptor lists desc_: what a saved block names so that a reader
+    // finds the definition again. A definition several classes share has no class of its
+    // own: a block read from a file keeps the class it was read for.
+    ClassDesc2* definingClass_ = nullptr;
     ReferenceMaker* owner_ = nullptr;
     std::vector<std::vector<Slot>> values_;  // per parameter: its elements
     ParamID lastParam_ = -1;
     int lastTab_ = 0;
     bool notify_ = true;
 };
+
+// target when it is a parameter block with a definition, else null. A block that a
+// damaged file left without its header has none, and nothing could read it, so the slots
+// meant for blocks take only defined ones.
+inline IParamBlock2* DefinedBlock(ReferenceTarget* target) {
+    auto* block = dynamic_cast<IParamBlock2*>(target);
+    return block && block->GetDesc() ? block : nullptr;
+}
 
 }  // namespace host

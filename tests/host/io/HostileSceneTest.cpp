@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "host/classes/HostChunkIds.h"
+#include "host/classes/HostClasses.h"
 #include "host/classes/ListControl.h"
 #include "host/classes/OrientationConstraint.h"
 #include "host/io/ChunkReader.h"
@@ -23,6 +24,7 @@
 #include "host/object/Animate.h"
 #include "host/object/HostClassIds.h"
 #include "host/object/NodeChunkIds.h"
+#include "host/object/ObjectChunkIds.h"
 #include "host/object/Object.h"
 #include "host/object/ObjectChunkIO.h"
 #include "host/object/TrackViewNode.h"
@@ -162,6 +164,7 @@ protected:
             INode* node = nodes.back();
             nodes.pop_back();
             node->GetNodeTM(160);
+            if (!node->IsRootNode()) node->EvalWorldState(160);
             for (int i = 0; i < node->NumberOfChildren(); ++i)
                 nodes.push_back(node->GetChildNode(i));
         }
@@ -354,6 +357,37 @@ TEST_F(HostileScenes, NodesWithoutHandlesGetFreeOnes) {
         EXPECT_TRUE(handles.insert(node->GetHandle()).second) << node->GetHandle();
         EXPECT_EQ(ip->GetScene().FindByHandle(node->GetHandle()), node);
     }
+    ExpectSound();
+}
+
+// A shape's interpolation block saved without its data (found by fuzzing) has no
+// definition: the shape's slot stays empty and the shape still builds. A block whose
+// owner number names nothing still saves, through the class it was read for.
+TEST_F(HostileScenes, BlocksWithoutDataOrOwnerLeaveTheSceneSound) {
+    ip->CreateObjectNode(static_cast<Object*>(GetTextShapeDesc()->Create(false)), L"T");
+    const std::vector<uint8_t> good = SceneWriter::Write(*ip);
+    ip->Reset();
+    const SavedObject block =
+        SavedObjects(good)[size_t(NumberOf(SavedObjects(good), PARAM_BLOCK2_CLASS_ID)) - 1];
+    const size_t dataHeader = block.data - sizeof(uint16_t) - sizeof(uint64_t);
+
+    std::vector<uint8_t> noData = good;
+    LoseChunk(noData, dataHeader, block.dataEnd, chunks::OBJECT_DATA);
+    std::string error;
+    ASSERT_TRUE(SceneReader::Read(noData, *ip, error)) << error;
+    EXPECT_EQ(ip->GetRootNode()->GetChildNode(0)->GetObjectRef()->GetReference(0), nullptr);
+    ExpectSound();
+    ip->Reset();
+
+    std::vector<uint8_t> noOwner = good;
+    const size_t header = ChunkHeader(noOwner, block.data, block.dataEnd, chunks::PB_HEADER);
+    uint64_t length = 0;
+    std::memcpy(&length, noOwner.data() + header + sizeof(uint16_t), sizeof(length));
+    const int32_t nobody = -1;
+    std::memcpy(
+        noOwner.data() + header + sizeof(uint16_t) + sizeof(uint64_t) + length - sizeof(nobody),
+        &nobody, sizeof(nobody));
+    ASSERT_TRUE(SceneReader::Read(noOwner, *ip, error)) << error;
     ExpectSound();
 }
 
