@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/BenchKeys.h"
 #include "host/classes/HostClasses.h"
 #include "host/classes/IKeyControl.h"
 #include "host/io/SceneReader.h"
@@ -21,17 +22,6 @@ namespace {
 
 constexpr int kKeys = 10;
 
-void KeyTrack(Control* track, std::mt19937& rng) {
-    std::uniform_real_distribution<float> value(-1.0f, 1.0f);
-    IKeyControl* keys = GetKeyControlInterface(track);
-    for (int k = 0; k < kKeys; ++k) {
-        IBezFloatKey key;
-        key.time = k * 480;
-        key.val = value(rng);
-        keys->AppendKey(&key);
-    }
-}
-
 void BuildScene(int count) {
     StartHost();
     Interface* ip = GetCOREInterface();
@@ -45,7 +35,7 @@ void BuildScene(int count) {
         for (Control* part : {prs->GetPositionController(), prs->GetRotationController()})
             for (Control* axis :
                  {part->GetXController(), part->GetYController(), part->GetZController()})
-                KeyTrack(axis, rng);
+                KeyFloatTrack(axis, rng, kKeys, 480);
         nodes.push_back(node);
     }
 }

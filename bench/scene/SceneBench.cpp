@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "bench/BenchKeys.h"
 #include "host/classes/HostClasses.h"
 #include "host/classes/IKeyControl.h"
 #include "host/object/Control.h"
@@ -16,17 +17,6 @@ namespace host::bench {
 namespace {
 
 constexpr int kKeys = 100;
-
-void KeyFloat(Control* track, std::mt19937& rng) {
-    std::uniform_real_distribution<float> value(-1.0f, 1.0f);
-    IKeyControl* keys = GetKeyControlInterface(track);
-    for (int k = 0; k < kKeys; ++k) {
-        IBezFloatKey key;
-        key.time = k * 160;
-        key.val = value(rng);
-        keys->AppendKey(&key);
-    }
-}
 
 void KeyScale(Control* track, std::mt19937& rng) {
     std::uniform_real_distribution<float> value(0.5f, 1.5f);
@@ -52,7 +42,7 @@ std::vector<INode*> BuildHierarchy(int count) {
         for (Control* part : {prs->GetPositionController(), prs->GetRotationController()})
             for (Control* axis :
                  {part->GetXController(), part->GetYController(), part->GetZController()})
-                KeyFloat(axis, rng);
+                KeyFloatTrack(axis, rng, kKeys, 160);
         KeyScale(prs->GetScaleController(), rng);
         nodes.push_back(node);
     }
