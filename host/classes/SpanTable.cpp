@@ -48,13 +48,7 @@ void SpanTable::Clear() {
 }
 
 bool SpanTable::Seek(TimeValue t) {
-    if (spans_.empty()) return false;
-    const size_t next = at_ + 1;
-    if (next < spans_.size() && spans_[next].start <= t && t < spans_[next].end) {
-        at_ = next;
-        return true;
-    }
-    if (t < spans_.front().start || t >= spans_.back().end) return false;
+    if (spans_.empty() || t < spans_.front().start || t >= spans_.back().end) return false;
     const auto after =
         std::upper_bound(spans_.begin(), spans_.end(), t,
                          [](TimeValue time, const Span& s) { return time < s.start; });

@@ -32,7 +32,7 @@ public:
     // the spans or in a span that is not a cubic in every channel. Playback reads the span
     // of the last read or the next one; other times are searched for.
     bool Read(TimeValue t, float (&values)[kLanes]) {
-        if (!(spans_[at_].start <= t && t < spans_[at_].end) && !Seek(t)) return false;
+        if (!(spans_[at_].start <= t && t < spans_[at_].end) && !Step(t) && !Seek(t)) return false;
         const Span& span = spans_[at_];
         if (!(span.invDuration > 0.0f)) return false;
         const float s = TicksBetween(span.start, t) * span.invDuration;
@@ -55,6 +55,20 @@ private:
         Row c[4][kRows] = {};
     };
 
+    // Puts at_ on the next span when it holds t, asking for the one after it: a read in
+    // playback reaches that next, after the reads of every other node have been through
+    // the first-level cache.
+    bool Step(TimeValue t) {
+        const size_t next = at_ + 1;
+        if (next >= spans_.size() || t < spans_[next].start || t >= spans_[next].end) return false;
+        at_ = next;
+        if (next + 1 < spans_.size()) {
+            const char* after = reinterpret_cast<const char*>(&spans_[next + 1]);
+            for (size_t line = 0; line < sizeof(Span); line += 64)
+                __builtin_prefetch(after + line, 0, 2);
+        }
+        return true;
+    }
     // Puts at_ on the span holding t; false when none does.
     bool Seek(TimeValue t);
     void PackSpan(Span& span, const BezierChannel* const* channels, size_t k);
