@@ -8,17 +8,18 @@
 
 namespace host {
 
-// The segments of up to twelve bezier channels keyed at the same times, packed span by
-// span: one record holds every channel's cubic between two neighbouring key times, the
-// channels across the lanes of three four-wide rows, so that a read finds one record
-// and evaluates every channel at once. Each lane does the float operations of the
+// The segments of up to nine bezier channels keyed at the same times (a transform's
+// position, rotation and scale), packed span by span: one record of five half cache
+// lines holds every channel's cubic between two neighbouring key times, eight channels
+// across the lanes of two four-wide rows and the ninth beside them, so that a read
+// finds one record and evaluates every channel at once. Each lane does the float operations of the
 // channel's own cubic, so a value read here is bit for bit the channel's.
 //
 // The table is a copy: it stays readable whatever happens to the channels, and reads
 // what they held when it was packed.
 class SpanTable {
 public:
-    enum { kLanes = 12 };
+    enum { kLanes = 9 };
 
     // Packs count channels (at most kLanes). False, leaving the table empty, when they
     // have no segment or do not share their segments' times. A span in which a channel's
@@ -40,20 +41,24 @@ public:
             const Row v = ((span.c[3][r] * s + span.c[2][r]) * s + span.c[1][r]) * s + span.c[0][r];
             __builtin_memcpy(values + 4 * r, &v, sizeof v);
         }
+        values[kLast] = ((span.last[3] * s + span.last[2]) * s + span.last[1]) * s + span.last[0];
         return true;
     }
 
 private:
     using Row = MatrixRows::Row;
-    enum { kRows = kLanes / 4 };
+    enum { kRows = 2, kLast = 8 };
 
-    // A span's times, its duration's inverse (0 unless every channel's segment is a
-    // cubic) and coefficient k of every lane.
-    struct Span {
+    // Coefficient k of every lane (the last lane's apart), then the span's times and its
+    // duration's inverse (0 unless every channel's segment is a cubic). Records are 160
+    // bytes on 32-byte boundaries, so each lies on three cache lines.
+    struct alignas(32) Span {
+        Row c[4][kRows] = {};
+        float last[4] = {};
         TimeValue start = 0, end = 0;
         float invDuration = 0.0f;
-        Row c[4][kRows] = {};
     };
+    static_assert(sizeof(Span) == 160);
 
     // Puts at_ on the next span when it holds t, asking for the one after it: a read in
     // playback reaches that next, after the reads of every other node have been through
@@ -64,8 +69,7 @@ private:
         at_ = next;
         if (next + 1 < spans_.size()) {
             const char* after = reinterpret_cast<const char*>(&spans_[next + 1]);
-            for (size_t line = 0; line < sizeof(Span); line += 64)
-                __builtin_prefetch(after + line, 0, 2);
+            for (size_t line = 0; line < 3; ++line) __builtin_prefetch(after + 64 * line, 0, 2);
         }
         return true;
     }

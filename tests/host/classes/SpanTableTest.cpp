@@ -39,7 +39,7 @@ std::vector<BezierChannel> SharedChannels(std::mt19937& rng, int count,
 TEST(SpanTable, ReadsEveryChannelAsTheChannelReadsIt) {
     std::mt19937 rng(5);
     const std::vector<TimeValue> times = {-160, 0, 160, 400, 401, 1000, 2000};
-    for (int count : {1, 4, 9, 12}) {
+    for (int count : {1, 4, 8, 9}) {
         std::vector<BezierChannel> channels = SharedChannels(rng, count, times);
         std::vector<const BezierChannel*> pointers;
         for (const BezierChannel& channel : channels) pointers.push_back(&channel);
