@@ -31,26 +31,18 @@ void WriteFile(const fs::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
-// Runs check where folder cannot be written: the folder is made read-only, and a root
-// process (which ignores that) runs check in a child that gives up root first. True when
-// check returned true.
-bool InReadOnlyFolder(const fs::path& folder, const std::function<bool()>& check) {
-    ::chmod(folder.c_str(), 0555);
-    bool result = false;
-    if (::geteuid() != 0) {
-        result = check();
-    } else {
-        const pid_t child = ::fork();
-        if (child == 0) {
-            const uid_t nobody = 65534;
-            _exit(::setgid(nobody) == 0 && ::setuid(nobody) == 0 && check() ? 0 : 1);
-        }
-        int status = 0;
-        result =
-            ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+// Runs check as a user without privileges, so that file modes hold: a root process
+// (which ignores them) runs it in a child that gives up root first. True when check
+// returned true.
+bool Unprivileged(const std::function<bool()>& check) {
+    if (::geteuid() != 0) return check();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const uid_t nobody = 65534;
+        _exit(::setgid(nobody) == 0 && ::setuid(nobody) == 0 && check() ? 0 : 1);
     }
-    ::chmod(folder.c_str(), 0755);
-    return result;
+    int status = 0;
+    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 class IniSettings : public ::testing::Test {
@@ -111,23 +103,27 @@ TEST_F(IniSettings, AFailedWriteKeepsTheOldFile) {
     fs::create_directories(folder);
     const std::string old = "; mine\r\n[Zorvanta]\r\nKey=old\r\n";
     WriteFile(IniPath(), old);
-    ::chmod(IniPath().c_str(), 0644);
     const WStr file = getTarnixIniFile();
-    const bool refused = InReadOnlyFolder(folder, [&] {
-        return !SetINISetting(file, L"Zorvanta", L"Key", L"new") &&
-               GetINISetting(file, L"Zorvanta", L"Key") == WStr(L"old");
-    });
-    EXPECT_TRUE(refused);
+    auto refused = [&](const char* readBack) {
+        return Unprivileged([&] {
+            return !SetINISetting(file, L"Zorvanta", L"Key", L"new") &&
+                   GetINISetting(file, L"Zorvanta", L"Key") == WStr::FromUtf8(readBack);
+        });
+    };
+
+    // A folder that cannot be written to.
+    ::chmod(IniPath().c_str(), 0644);
+    ::chmod(folder.c_str(), 0555);
+    EXPECT_TRUE(refused("old"));
     EXPECT_EQ(ReadFile(IniPath()), old);
     EXPECT_EQ(fs::directory_iterator(folder)->path(), IniPath());  // no temporary file left
 
-    // A path that cannot be read as a file (here a folder) reads as empty and is not
-    // replaced.
-    fs::create_directories(root / "folder.ini");
-    const WStr folderFile = WStr::FromUtf8((root / "folder.ini").string());
-    EXPECT_EQ(GetINISetting(folderFile, L"Zorvanta", L"Key"), WStr());
-    EXPECT_FALSE(SetINISetting(folderFile, L"Zorvanta", L"Key", L"v"));
-    EXPECT_TRUE(fs::is_directory(root / "folder.ini"));
+    // A file that cannot be read is not replaced by one holding only the new key.
+    ::chmod(folder.c_str(), 0777);
+    ::chmod(IniPath().c_str(), 0);
+    EXPECT_TRUE(refused(""));
+    ::chmod(folder.c_str(), 0755);
+    EXPECT_EQ(ReadFile(IniPath()), old);
 }
 
 TEST_F(IniSettings, PrivateProfileCalls) {
