@@ -6,6 +6,7 @@
 
 #include "apps/zorvanta/InfoCommand.h"
 #include "apps/zorvanta/RenderCommand.h"
+#include "host/object/Interface.h"
 
 namespace {
 
@@ -36,6 +37,8 @@ int Usage(std::FILE* out, int code) {
 
 int main(int argc, char** argv) {
     if (argc < 2) return Usage(stderr, 2);
+    // Nobody answers dialogs here: they take their default answers and print their text.
+    host::GetCOREInterface()->SetQuietMode(true);
     const char* arg = argv[1];
     if (std::strcmp(arg, "--help") == 0 || std::strcmp(arg, "-h") == 0) return Usage(stdout, 0);
     if (std::strcmp(arg, "--version") == 0) {

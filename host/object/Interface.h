@@ -7,6 +7,8 @@
 #include "host/core/Interval.h"
 #include "host/core/WStr.h"
 #include "host/object/INode.h"
+#include "host/object/InProcessClipboard.h"
+#include "host/object/QuietDialogService.h"
 #include "host/object/Scene.h"
 #include "host/object/StatusLine.h"
 #include "host/object/TimeChangeCallback.h"
@@ -122,6 +124,17 @@ public:
     bool GetQuietMode() const { return quiet_; }
     void SetQuietMode(bool quiet) { quiet_ = quiet; }
 
+    // The clipboard: the one the application installed (the system's, when there is a
+    // display), else the host's own in-process one.
+    Clipboard& GetClipboard() { return clipboard_ ? *clipboard_ : ownClipboard_; }
+    // Installs a clipboard that the caller keeps alive; null goes back to the host's own.
+    void SetClipboard(Clipboard* clipboard) { clipboard_ = clipboard; }
+    // The dialogs: the quiet ones in quiet mode or when the application installed none,
+    // else the installed ones.
+    DialogService& GetDialogService() { return quiet_ || !dialogs_ ? quietDialogs_ : *dialogs_; }
+    // Installs dialogs that the caller keeps alive; null goes back to the quiet ones.
+    void SetDialogService(DialogService* dialogs) { dialogs_ = dialogs; }
+
     // Redraws nest: the views redraw only when every disable has been matched.
     void DisableSceneRedraw() { ++redrawDisabled_; }
     void EnableSceneRedraw();
@@ -159,6 +172,10 @@ private:
     int refCoordSys_ = COORDS_VIEW;
     int taskMode_ = TASK_MODE_CREATE;
     bool quiet_ = false;
+    InProcessClipboard ownClipboard_;
+    Clipboard* clipboard_ = nullptr;
+    QuietDialogService quietDialogs_;
+    DialogService* dialogs_ = nullptr;
     int redrawDisabled_ = 0;
     int redraws_ = 0;
     ViewExp* activeView_ = nullptr;
