@@ -36,8 +36,9 @@ void WeakRefOwnerAccessor::TabChanged(tab_changes change, ReferenceMaker* owner,
     const int start = std::max(tabIndex, 0);
     switch (change) {
         case tab_insert:
-            // New elements hold no node yet: the block inserts them with the default.
-            if (start < weak->EntryCount(i)) weak->InsertEmpty(i, start, count);
+            // New elements hold no node yet: the block inserts them with the default. A
+            // start past the entry's end inserts nothing.
+            weak->InsertEmpty(i, start, count);
             break;
         case tab_append:
             weak->InsertEmpty(i, weak->EntryCount(i), count);

@@ -59,7 +59,7 @@ const CatalogueRow kCatalogue[] = {
     {L"UISpinner", true, REF_TARGET_CLASS_ID, UI_SPINNER_CLASS_ID, IDS_UI_SPINNER_CLASS, L"Animation", L"UISpinner", nullptr},
     {L"UI2DSpinner", true, REF_TARGET_CLASS_ID, UI2_D_SPINNER_CLASS_ID, IDS_UI2_D_SPINNER_CLASS, L"Animation", L"UI2DSpinner", nullptr},
     {L"UIPanelHolder", false, CTRL_FLOAT_CLASS_ID, UI_PANEL_HOLDER_CLASS_ID, IDS_UI_PANEL_HOLDER_CLASS, L"Animation", L"UIPanelHolder", nullptr},
-    {L"Rig", false, HELPER_CLASS_ID, RIG_CLASS_ID, IDS_RIG_CLASS, L"", L"Rig", nullptr},
+    {L"RigSystem", false, HELPER_CLASS_ID, RIG_CLASS_ID, IDS_RIG_CLASS, L"", L"Rig", nullptr},
     {L"RigSystem", true, SYSTEM_CLASS_ID, RIG_SYSTEM_CLASS_ID, IDS_RIG_SYSTEM_CLASS, L"", L"Rig", nullptr},
     {L"IKFKChain", false, CTRL_MATRIX3_CLASS_ID, IKFK_CHAIN_CLASS_ID, IDS_IKFK_CHAIN_CLASS, L"Animation", L"IKFKChain", nullptr},
     {L"IKFKControl", false, CTRL_MATRIX3_CLASS_ID, IKFK_CONTROL_CLASS_ID, IDS_IKFK_CONTROL_CLASS, L"Animation", L"IKFKControl", nullptr},
