@@ -194,7 +194,8 @@ namespace {
 void HitTestNodes(INode* parent, TimeValue t, ViewExp& vpt, IPoint2& m, PickNodeCallback* filter) {
     for (int i = 0; i < parent->NumberOfChildren(); ++i) {
         INode* node = parent->GetChildNode(i);
-        Object* object = node->IsHidden() || node->IsFrozen() ? nullptr : node->EvalWorldState(t).obj;
+        Object* object =
+            node->IsHidden() || node->IsFrozen() ? nullptr : node->EvalWorldState(t).obj;
         if (object && (!filter || filter->Filter(node)) &&
             object->HitTest(t, node, HITTYPE_POINT, 0, 0, &m, &vpt))
             vpt.LogHit(node, nullptr, vpt.getGW()->getHitDistance(), 0, vpt.getGW()->getHitDepth());

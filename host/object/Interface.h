@@ -5,9 +5,9 @@
 #include "host/core/Tab.h"
 
 #include "host/core/Interval.h"
-#include "host/object/IPoint2.h"
 #include "host/core/WStr.h"
 #include "host/object/INode.h"
+#include "host/object/IPoint2.h"
 #include "host/object/Scene.h"
 #include "host/object/StatusLine.h"
 #include "host/object/TimeChangeCallback.h"

@@ -29,8 +29,7 @@ public:
     // val scaled by m from the type's zero.
     virtual void MultiplyValue(void* val, float m) = 0;
     // The value at t outside range, for the out-of-range type.
-    virtual void Extrapolate(Interval range, TimeValue t, void* val, Interval& valid,
-                             int type) = 0;
+    virtual void Extrapolate(Interval range, TimeValue t, void* val, Interval& valid, int type) = 0;
 };
 
 }  // namespace host

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "controllers/ControllerIds.h"
+#include "frame/StringTable.h"
 #include "host/object/Hold.h"
-#include "host/object/ILockedTrack.h"
 #include "host/object/ILoad.h"
+#include "host/object/ILockedTrack.h"
 #include "host/object/ISave.h"
 #include "host/object/Interface.h"
 #include "host/object/ObjectChunkIO.h"
@@ -20,7 +21,8 @@ using host::TimeValue;
 
 // What the static controllers share: one value of type Value that no time changes, the
 // locked flag, the one-restore-object-per-hold rule, the two save chunks, Copy, Clone
-// and the rollup. Derived (the concrete class, made with Derived(bool loading)) says
+// and the rollup. Derived (the concrete class, made with Derived(bool loading)) gives its
+// identity in kClassId, kSuperClassId and kNameId (its display name's string), and says
 // how its value reads and writes relatively and how temp values add and scale:
 //   static Value Initial();                                  a new controller's value
 //   static Value Zero();                                     the temp value's start
@@ -36,6 +38,10 @@ public:
         if (id == host::I_LOCKED) return static_cast<host::ILockedTrackImp*>(this);
         return host::StdControl::GetInterface(id);
     }
+
+    host::Class_ID ClassID() override { return Derived::kClassId; }
+    host::SClass_ID SuperClassID() override { return Derived::kSuperClassId; }
+    host::WStr GetClassName() override { return host::WStr(GetString(Derived::kNameId)); }
 
     const Value& GetStaticValue() const { return value_; }
 

@@ -1,25 +1,10 @@
 #include "controllers/StaticFloat.h"
 
-#include "frame/FrameIds.h"
-#include "frame/StringTable.h"
-
 namespace zorvanta {
 
 using namespace host;
 
 StaticFloat::StaticFloat(bool) {}
-
-Class_ID StaticFloat::ClassID() {
-    return STATIC_FLOAT_CLASS_ID;
-}
-
-SClass_ID StaticFloat::SuperClassID() {
-    return CTRL_FLOAT_CLASS_ID;
-}
-
-WStr StaticFloat::GetClassName() {
-    return WStr(GetString(IDS_STATIC_FLOAT_CLASS));
-}
 
 float StaticFloat::Initial() {
     return 0.0f;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/StaticControl.h"
+#include "frame/FrameIds.h"
 
 namespace zorvanta {
 
@@ -9,9 +10,9 @@ namespace zorvanta {
 class StaticFloat : public StaticControl<StaticFloat, float> {
 public:
     explicit StaticFloat(bool loading = false);
-    host::Class_ID ClassID() override;
-    host::SClass_ID SuperClassID() override;
-    host::WStr GetClassName() override;
+    static constexpr host::Class_ID kClassId = STATIC_FLOAT_CLASS_ID;
+    static constexpr host::SClass_ID kSuperClassId = host::CTRL_FLOAT_CLASS_ID;
+    static constexpr int kNameId = IDS_STATIC_FLOAT_CLASS;
 
     static float Initial();
     static float Zero();

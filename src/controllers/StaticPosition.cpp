@@ -1,25 +1,10 @@
 #include "controllers/StaticPosition.h"
 
-#include "frame/FrameIds.h"
-#include "frame/StringTable.h"
-
 namespace zorvanta {
 
 using namespace host;
 
 StaticPosition::StaticPosition(bool) {}
-
-Class_ID StaticPosition::ClassID() {
-    return STATIC_POSITION_CLASS_ID;
-}
-
-SClass_ID StaticPosition::SuperClassID() {
-    return CTRL_POSITION_CLASS_ID;
-}
-
-WStr StaticPosition::GetClassName() {
-    return WStr(GetString(IDS_STATIC_POSITION_CLASS));
-}
 
 Point3 StaticPosition::Initial() {
     return Point3(0, 0, 0);

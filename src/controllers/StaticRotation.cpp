@@ -1,25 +1,10 @@
 #include "controllers/StaticRotation.h"
 
-#include "frame/FrameIds.h"
-#include "frame/StringTable.h"
-
 namespace zorvanta {
 
 using namespace host;
 
 StaticRotation::StaticRotation(bool) {}
-
-Class_ID StaticRotation::ClassID() {
-    return STATIC_ROTATION_CLASS_ID;
-}
-
-SClass_ID StaticRotation::SuperClassID() {
-    return CTRL_ROTATION_CLASS_ID;
-}
-
-WStr StaticRotation::GetClassName() {
-    return WStr(GetString(IDS_STATIC_ROTATION_CLASS));
-}
 
 Quat StaticRotation::Initial() {
     return Quat();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/StaticControl.h"
+#include "frame/FrameIds.h"
 
 namespace zorvanta {
 
@@ -10,9 +11,9 @@ namespace zorvanta {
 class StaticRotation : public StaticControl<StaticRotation, host::Quat> {
 public:
     explicit StaticRotation(bool loading = false);
-    host::Class_ID ClassID() override;
-    host::SClass_ID SuperClassID() override;
-    host::WStr GetClassName() override;
+    static constexpr host::Class_ID kClassId = STATIC_ROTATION_CLASS_ID;
+    static constexpr host::SClass_ID kSuperClassId = host::CTRL_ROTATION_CLASS_ID;
+    static constexpr int kNameId = IDS_STATIC_ROTATION_CLASS;
 
     static host::Quat Initial();
     static host::Quat Zero();

@@ -1,25 +1,10 @@
 #include "controllers/StaticScale.h"
 
-#include "frame/FrameIds.h"
-#include "frame/StringTable.h"
-
 namespace zorvanta {
 
 using namespace host;
 
 StaticScale::StaticScale(bool) {}
-
-Class_ID StaticScale::ClassID() {
-    return STATIC_SCALE_CLASS_ID;
-}
-
-SClass_ID StaticScale::SuperClassID() {
-    return CTRL_SCALE_CLASS_ID;
-}
-
-WStr StaticScale::GetClassName() {
-    return WStr(GetString(IDS_STATIC_SCALE_CLASS));
-}
 
 ScaleValue StaticScale::Initial() {
     return ScaleValue(Point3(1, 1, 1));

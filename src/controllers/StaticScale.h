@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/StaticControl.h"
+#include "frame/FrameIds.h"
 
 namespace zorvanta {
 
@@ -10,9 +11,9 @@ namespace zorvanta {
 class StaticScale : public StaticControl<StaticScale, host::ScaleValue> {
 public:
     explicit StaticScale(bool loading = false);
-    host::Class_ID ClassID() override;
-    host::SClass_ID SuperClassID() override;
-    host::WStr GetClassName() override;
+    static constexpr host::Class_ID kClassId = STATIC_SCALE_CLASS_ID;
+    static constexpr host::SClass_ID kSuperClassId = host::CTRL_SCALE_CLASS_ID;
+    static constexpr int kNameId = IDS_STATIC_SCALE_CLASS;
 
     static host::ScaleValue Initial();
     static host::ScaleValue Zero();

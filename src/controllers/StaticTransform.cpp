@@ -1,7 +1,5 @@
 #include "controllers/StaticTransform.h"
 
-#include "frame/FrameIds.h"
-#include "frame/StringTable.h"
 #include "host/math/MatrixHelpers.h"
 
 namespace zorvanta {
@@ -40,18 +38,6 @@ Matrix3 Transformed(Matrix3 value, const SetXFormPacket& packet) {
 }  // namespace
 
 StaticTransform::StaticTransform(bool) {}
-
-Class_ID StaticTransform::ClassID() {
-    return STATIC_TRANSFORM_CLASS_ID;
-}
-
-SClass_ID StaticTransform::SuperClassID() {
-    return CTRL_MATRIX3_CLASS_ID;
-}
-
-WStr StaticTransform::GetClassName() {
-    return WStr(GetString(IDS_STATIC_TRANSFORM_CLASS));
-}
 
 Matrix3 StaticTransform::Initial() {
     return Matrix3();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllers/StaticControl.h"
+#include "frame/FrameIds.h"
 
 namespace zorvanta {
 
@@ -11,9 +12,9 @@ namespace zorvanta {
 class StaticTransform : public StaticControl<StaticTransform, host::Matrix3> {
 public:
     explicit StaticTransform(bool loading = false);
-    host::Class_ID ClassID() override;
-    host::SClass_ID SuperClassID() override;
-    host::WStr GetClassName() override;
+    static constexpr host::Class_ID kClassId = STATIC_TRANSFORM_CLASS_ID;
+    static constexpr host::SClass_ID kSuperClassId = host::CTRL_MATRIX3_CLASS_ID;
+    static constexpr int kNameId = IDS_STATIC_TRANSFORM_CLASS;
 
     // The packet's move, rotation, scale or set, applied to the value; the method is
     // ignored.

@@ -11,8 +11,8 @@ using namespace host;
 
 StepFloat::StepFloat(bool loading) {
     if (!loading)
-        ReplaceReference(0, static_cast<Control*>(
-                                CreateInstance(CTRL_FLOAT_CLASS_ID, BEZIER_FLOAT_CLASS_ID)));
+        ReplaceReference(
+            0, static_cast<Control*>(CreateInstance(CTRL_FLOAT_CLASS_ID, BEZIER_FLOAT_CLASS_ID)));
 }
 
 Class_ID StepFloat::ClassID() {

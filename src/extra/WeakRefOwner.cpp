@@ -50,14 +50,12 @@ RefResult WeakRefOwner::ProcessRefTargMonitorMsg(const Interval& changeInt, Refe
         return REF_AUTO_DELETE;
     }
     if (!inTargetChange_ && fromTarget && message == REFMSG_NODE_FORWARDED)
-        return Guarded(inTargetChange_, [&] {
-            return ForwardMessage(changeInt, target, partID, message, true);
-        });
+        return Guarded(inTargetChange_,
+                       [&] { return ForwardMessage(changeInt, target, partID, message, true); });
     if (!inOwnerEvent_ && message == REFMSG_WEAK_OWNER_EVENT) {
         partID = PART_ALL;
-        return Guarded(inOwnerEvent_, [&] {
-            return ForwardMessage(changeInt, target, partID, message, false);
-        });
+        return Guarded(inOwnerEvent_,
+                       [&] { return ForwardMessage(changeInt, target, partID, message, false); });
     }
     return REF_SUCCEED;
 }

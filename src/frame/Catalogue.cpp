@@ -29,7 +29,8 @@ Animatable* Make(bool loading) {
 
 // Every class of the library, in index order. The order is kept so that the class
 // directories of scene files stay comparable; the identities are those scene files
-// store. Rig and RigSystem are two identities of one class.
+// store. Rig and RigSystem are two identities of one class. One row a line, as a table.
+// clang-format off
 const CatalogueRow kCatalogue[] = {
     {L"StaticFloat", true, CTRL_FLOAT_CLASS_ID, STATIC_FLOAT_CLASS_ID, IDS_STATIC_FLOAT_CLASS, L"Animation", L"StaticFloat", &Make<StaticFloat>},
     {L"StepFloat", true, CTRL_FLOAT_CLASS_ID, STEP_FLOAT_CLASS_ID, IDS_STEP_FLOAT_CLASS, L"Animation", L"StepFloat", &Make<StepFloat>},
@@ -100,6 +101,7 @@ const CatalogueRow kCatalogue[] = {
     {L"AnimLayersLocalWeights", false, REF_TARGET_CLASS_ID, ANIM_LAYERS_LOCAL_WEIGHTS_CLASS_ID, IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS, L"Animation", L"AnimLayersLocalWeights", nullptr},
     {L"RotationXYZ", true, CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID, IDS_ROTATION_XYZ_CLASS, L"Animation", L"Rotation XYZ", nullptr},
 };
+// clang-format on
 
 }  // namespace
 

@@ -43,10 +43,9 @@ void RegisterRotationFilter(void*, NotifyInfo*) {
 }
 
 // Runs while the library is mapped: the two registrations wait for the host's start-up.
-[[maybe_unused]] const bool kRegistered = RegisterNotification(RegisterLayerFilter, nullptr,
-                                              NOTIFY_SYSTEM_STARTUP) &&
-                         RegisterNotification(RegisterRotationFilter, nullptr,
-                                              NOTIFY_SYSTEM_STARTUP);
+[[maybe_unused]] const bool kRegistered =
+    RegisterNotification(RegisterLayerFilter, nullptr, NOTIFY_SYSTEM_STARTUP) &&
+    RegisterNotification(RegisterRotationFilter, nullptr, NOTIFY_SYSTEM_STARTUP);
 
 }  // namespace
 

@@ -22,29 +22,21 @@ class ControllerTest : public host::test::SceneTest {
 protected:
     void SetUp() override {
         SceneTest::SetUp();
-        static bool registered = [] {
-            using host::HostClassDesc;
-            static HostClassDesc<StaticFloat> f(L"Static Float", L"StaticFloat",
-                                                host::CTRL_FLOAT_CLASS_ID, STATIC_FLOAT_CLASS_ID);
-            static HostClassDesc<StaticPosition> p(L"Static Position", L"StaticPosition",
-                                                   host::CTRL_POSITION_CLASS_ID,
-                                                   STATIC_POSITION_CLASS_ID);
-            static HostClassDesc<StaticRotation> r(L"Static Rotation", L"StaticRotation",
-                                                   host::CTRL_ROTATION_CLASS_ID,
-                                                   STATIC_ROTATION_CLASS_ID);
-            static HostClassDesc<StaticScale> s(L"Static Scale", L"StaticScale",
-                                                host::CTRL_SCALE_CLASS_ID, STATIC_SCALE_CLASS_ID);
-            static HostClassDesc<StaticTransform> m(L"Static Transform", L"StaticTransform",
-                                                    host::CTRL_MATRIX3_CLASS_ID,
-                                                    STATIC_TRANSFORM_CLASS_ID);
-            static HostClassDesc<StepFloat> step(L"Step Float", L"StepFloat",
-                                                 host::CTRL_FLOAT_CLASS_ID, STEP_FLOAT_CLASS_ID);
-            for (host::ClassDesc2* d : std::initializer_list<host::ClassDesc2*>{
-                     &f, &p, &r, &s, &m, &step})
-                host::ClassRegistry::Instance().Register(d);
-            return true;
-        }();
-        (void)registered;
+        Register<StaticFloat>(L"StaticFloat");
+        Register<StaticPosition>(L"StaticPosition");
+        Register<StaticRotation>(L"StaticRotation");
+        Register<StaticScale>(L"StaticScale");
+        Register<StaticTransform>(L"StaticTransform");
+        static host::HostClassDesc<StepFloat> step(L"StepFloat", L"StepFloat",
+                                                   host::CTRL_FLOAT_CLASS_ID, STEP_FLOAT_CLASS_ID);
+        host::ClassRegistry::Instance().Register(&step);
+    }
+
+    // A second registration of a class is refused, and changes nothing.
+    template <class T>
+    static void Register(const wchar_t* name) {
+        static host::HostClassDesc<T> desc(name, name, T::kSuperClassId, T::kClassId);
+        host::ClassRegistry::Instance().Register(&desc);
     }
 };
 

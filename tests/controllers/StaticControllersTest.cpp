@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "host/classes/PointHelper.h"
 #include "host/io/ChunkReader.h"
 #include "host/io/ChunkWriter.h"
-#include "host/classes/PointHelper.h"
 #include "host/io/CloneRemapDir.h"
 #include "host/io/SceneFile.h"
 #include "host/math/MatrixHelpers.h"

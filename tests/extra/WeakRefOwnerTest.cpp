@@ -6,8 +6,8 @@
 #include "extra/WeakRefOwnerPickNode.h"
 #include "host/classes/PointHelper.h"
 #include "host/io/CloneRemapDir.h"
-#include "host/object/ParamBlockDesc2.h"
 #include "host/object/PanelService.h"
+#include "host/object/ParamBlockDesc2.h"
 #include "host/object/ViewExp.h"
 #include "tests/host/scene/SceneTestSupport.h"
 
@@ -38,9 +38,22 @@ struct PickableOnly : PBValidator {
 
 ParamBlockDesc2 ownerBlock(0, L"params", P_AUTO_CONSTRUCT, 0, &ownerDesc,
                            {
-                               {pNode, L"node", TYPE_INODE, 0, 0, {}, std::nullopt,
-                                &WeakRefOwnerAccessor::Instance(), &pickableOnly},
-                               {pNodes, L"nodes", TableOf(TYPE_INODE), 0, 0, {}, std::nullopt,
+                               {pNode,
+                                L"node",
+                                TYPE_INODE,
+                                0,
+                                0,
+                                {},
+                                std::nullopt,
+                                &WeakRefOwnerAccessor::Instance(),
+                                &pickableOnly},
+                               {pNodes,
+                                L"nodes",
+                                TableOf(TYPE_INODE),
+                                0,
+                                0,
+                                {},
+                                std::nullopt,
                                 &WeakRefOwnerAccessor::Instance()},
                            });
 
@@ -73,8 +86,8 @@ public:
     ParamID GetParamId(int i) override { return i == 0 ? pNode : pNodes; }
     int GetPickControlId(int i) override { return 100 + i; }
     void* GetDialog(int) override { return dialog; }
-    RefResult ForwardMessage(const Interval&, ReferenceTarget*, PartID& partID,
-                             RefMessage message, bool) override {
+    RefResult ForwardMessage(const Interval&, ReferenceTarget*, PartID& partID, RefMessage message,
+                             bool) override {
         forwarded.push_back({message, partID});
         // What the owner's dependents say back travels to the weak owner again.
         if (echo) ProcessRefTargMonitorMsg(FOREVER, nullptr, partID, message, true, true, nullptr);
@@ -204,9 +217,9 @@ TEST_F(WeakReferences, ForwardedMessagesAreNotForwardedAgain) {
     EXPECT_EQ(owner->forwarded.size(), 2u);
     EXPECT_EQ(owner->forwarded.back(), std::make_pair(REFMSG_WEAK_OWNER_EVENT, PART_ALL));
     // Other messages of the target stay with the owner.
-    EXPECT_EQ(owner->ProcessRefTargMonitorMsg(FOREVER, target, part, REFMSG_CHANGE, true, true,
-                                              nullptr),
-              REF_SUCCEED);
+    EXPECT_EQ(
+        owner->ProcessRefTargMonitorMsg(FOREVER, target, part, REFMSG_CHANGE, true, true, nullptr),
+        REF_SUCCEED);
     EXPECT_EQ(owner->forwarded.size(), 2u);
 }
 

@@ -87,24 +87,64 @@ TEST_F(Plugin, CatalogueKeepsItsIdentities) {
         int isPublic;
     };
     const Row rows[] = {
-        {0, CTRL_FLOAT_CLASS_ID, {0x45596d56, 0x1e847b36}, L"Static Float", L"StaticFloat",
-         L"Animation", 1},
-        {2, REF_TARGET_CLASS_ID, {0x8443dfa5, 0x3f434885}, L"MsgChecker", L"MsgChecker",
-         L"Animation", 1},
-        {15, HELPER_CLASS_ID, {0x45596d57, 0x1e847b30}, L"Control Helper", L"ControlHelper", L"",
+        {0,
+         CTRL_FLOAT_CLASS_ID,
+         {0x45596d56, 0x1e847b36},
+         L"Static Float",
+         L"StaticFloat",
+         L"Animation",
          1},
-        {22, REF_TARGET_CLASS_ID, {0x45596d56, 0x1e847f06}, L"Vertical Offset", L"UIAction",
-         L"Animation", 1},
+        {2,
+         REF_TARGET_CLASS_ID,
+         {0x8443dfa5, 0x3f434885},
+         L"MsgChecker",
+         L"MsgChecker",
+         L"Animation",
+         1},
+        {15,
+         HELPER_CLASS_ID,
+         {0x45596d57, 0x1e847b30},
+         L"Control Helper",
+         L"ControlHelper",
+         L"",
+         1},
+        {22,
+         REF_TARGET_CLASS_ID,
+         {0x45596d56, 0x1e847f06},
+         L"Vertical Offset",
+         L"UIAction",
+         L"Animation",
+         1},
         {28, HELPER_CLASS_ID, {0x45596d57, 0x1e847b40}, L"Rig", L"Rig", L"", 0},
         {29, SYSTEM_CLASS_ID, {0x45596d57, 0x1e847b41}, L"Rig", L"Rig", L"", 1},
-        {44, CTRL_MATRIX3_CLASS_ID, {0x45596d56, 0x1e847b58}, L"Rig Transform", L"RigTransform",
-         L"Animation", 1},
-        {57, CTRL_FLOAT_CLASS_ID, {0x45596d56, 0x1e847b67}, L"Dummy Float", L"DummyFloat",
-         L"Animation", 0},
-        {64, SHAPE_CLASS_ID, {0x45596d57, 0xed40c435}, L"Control Shape", L"ControlShape",
-         L"Splines", 1},
-        {67, CTRL_ROTATION_CLASS_ID, {0x45596d56, 0x1e847b74}, L"Rotation XYZ", L"Rotation XYZ",
-         L"Animation", 1},
+        {44,
+         CTRL_MATRIX3_CLASS_ID,
+         {0x45596d56, 0x1e847b58},
+         L"Rig Transform",
+         L"RigTransform",
+         L"Animation",
+         1},
+        {57,
+         CTRL_FLOAT_CLASS_ID,
+         {0x45596d56, 0x1e847b67},
+         L"Dummy Float",
+         L"DummyFloat",
+         L"Animation",
+         0},
+        {64,
+         SHAPE_CLASS_ID,
+         {0x45596d57, 0xed40c435},
+         L"Control Shape",
+         L"ControlShape",
+         L"Splines",
+         1},
+        {67,
+         CTRL_ROTATION_CLASS_ID,
+         {0x45596d56, 0x1e847b74},
+         L"Rotation XYZ",
+         L"Rotation XYZ",
+         L"Animation",
+         1},
     };
     for (const Row& row : rows) {
         ClassDesc2* desc = LibClassDesc(row.index);
@@ -208,8 +248,8 @@ TEST_F(Plugin, EveryCreatableClassSavesLoadsAndClones) {
 }
 
 TEST_F(Plugin, KeyFiltersAreRegisteredAtStartUp) {
-    auto* manager = dynamic_cast<TrackBarFilterManager*>(
-        GetCOREInterface(TRACKBAR_FILTER_MANAGER_INTERFACE));
+    auto* manager =
+        dynamic_cast<TrackBarFilterManager*>(GetCOREInterface(TRACKBAR_FILTER_MANAGER_INTERFACE));
     ASSERT_NE(manager, nullptr);
     const int layer = manager->FindFilter(LAYER_KEY_FILTER_ID);
     const int rotation = manager->FindFilter(ROTATION_KEY_FILTER_ID);
