@@ -6,6 +6,7 @@
 #include "extra/WeakRefOwnerPickNode.h"
 #include "host/classes/PointHelper.h"
 #include "host/io/CloneRemapDir.h"
+#include "host/io/SceneFile.h"
 #include "host/object/PanelService.h"
 #include "host/object/ParamBlockDesc2.h"
 #include "host/object/ViewExp.h"
@@ -233,6 +234,23 @@ TEST_F(WeakReferences, ClonesWatchTheClonedTargetOrTheSameOne) {
     // The original's slot is its own: clearing it leaves the clone's.
     owner->pb->SetValue(pNode, 0, static_cast<ReferenceTarget*>(nullptr));
     EXPECT_EQ(clone->GetRef(pNode), outside);
+}
+
+TEST_F(WeakReferences, ASceneFileKeepsTheWatchedNodes) {
+    owner->pb->SetValue(pNode, 0, static_cast<ReferenceTarget*>(Node(L"PickableSaved")));
+    owner->pb->Append(pNodes, 2);
+    owner->pb->SetValue(pNodes, 0, static_cast<ReferenceTarget*>(Node(L"PickableInTable")), 1);
+    const std::string path = testing::TempDir() + "weak_refs.tnx";
+    std::string error;
+    ASSERT_TRUE(SaveSceneFile(path, *ip, error)) << error;
+    ip->Reset();
+    ASSERT_TRUE(LoadSceneFile(path, *ip, error)) << error;
+    auto* loaded = dynamic_cast<Owner*>(ip->GetTrackViewRootNode()->GetTrack(0));
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_EQ(loaded->GetRef(pNode), ip->GetINodeByName(L"PickableSaved"));
+    EXPECT_EQ(loaded->GetRef(pNodes, 0), nullptr);
+    EXPECT_EQ(loaded->GetRef(pNodes, 1), ip->GetINodeByName(L"PickableInTable"));
+    EXPECT_NE(loaded->GetRef(pNodes, 1), nullptr);
 }
 
 TEST_F(WeakReferences, PickSetsTheParameterAsOneUndoStep) {
