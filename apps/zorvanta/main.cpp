@@ -6,7 +6,9 @@
 
 #include "apps/zorvanta/InfoCommand.h"
 #include "apps/zorvanta/RenderCommand.h"
+#include "host/classes/HostClasses.h"
 #include "host/object/Interface.h"
+#include "host/object/PluginLoader.h"
 
 namespace {
 
@@ -33,6 +35,15 @@ int Usage(std::FILE* out, int code) {
     return code;
 }
 
+// Starts the host with the plug-ins of its plug-in folders; a library that fails to
+// load is named on stderr and the tool goes on without it.
+void StartWithPlugins() {
+    std::vector<std::string> errors;
+    host::StartHostWithPlugins(host::PluginFolders(), errors);
+    for (const std::string& error : errors)
+        std::fprintf(stderr, "zorvanta: warning: %s\n", error.c_str());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -45,6 +56,7 @@ int main(int argc, char** argv) {
         std::printf("zorvanta %s\n", ZV_VERSION);
         return 0;
     }
+    StartWithPlugins();
     if (std::strcmp(arg, "info") == 0) {
         if (argc != 3) {
             std::fputs("zorvanta: info takes one scene file (try --help)\n", stderr);

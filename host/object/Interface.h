@@ -7,6 +7,7 @@
 #include "host/core/Interval.h"
 #include "host/core/WStr.h"
 #include "host/object/INode.h"
+#include "host/object/IPoint2.h"
 #include "host/object/InProcessClipboard.h"
 #include "host/object/QuietDialogService.h"
 #include "host/object/Scene.h"
@@ -43,6 +44,8 @@ enum CloneType : int { NODE_COPY = 0, NODE_INSTANCE = 1, NODE_REFERENCE = 2, NOD
 
 class ILayerManager;
 class Object;
+class PickModeCallback;
+class PickNodeCallback;
 class ViewExp;
 
 // The host's services to plug-ins: the scene and its selection, scene time and its
@@ -148,6 +151,20 @@ public:
     ViewExp& GetActiveViewExp();
     void SetActiveViewExp(ViewExp* view) { activeView_ = view; }
 
+    // Pick modes. SetPickMode ends the mode in force (ExitMode) and enters mode; null
+    // just ends it. A mode set again while in force stays, without entering twice.
+    void SetPickMode(PickModeCallback* mode);
+    void ClearPickMode() { SetPickMode(nullptr); }
+    PickModeCallback* GetCurPickMode() const { return pickMode_; }
+    // The node drawn nearest the window point m of vpt among the visible, unfrozen
+    // nodes that filter (when given) accepts; null over empty space or for a view that
+    // is not alive. The view's hit log holds every accepted node hit.
+    INode* PickNode(ViewExp& vpt, IPoint2 m, PickNodeCallback* filter = nullptr);
+    // A click at m in pick mode, as the viewport delivers it: the mode's hit test, then
+    // its Pick, which ends the mode when it answers true. False when no mode is in force
+    // or nothing was hit.
+    bool ClickInPickMode(ViewExp& vpt, IPoint2 m);
+
     StatusLine& Status() { return status_; }
     // The script listener's output.
     void Print(const WStr& text);
@@ -179,6 +196,7 @@ private:
     int redrawDisabled_ = 0;
     int redraws_ = 0;
     ViewExp* activeView_ = nullptr;
+    PickModeCallback* pickMode_ = nullptr;
     StatusLine status_;
     WStr listener_;
 };
