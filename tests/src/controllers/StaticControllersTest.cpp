@@ -6,7 +6,7 @@
 #include "host/io/CloneRemapDir.h"
 #include "host/io/SceneFile.h"
 #include "host/math/MatrixHelpers.h"
-#include "tests/controllers/ControllersTestSupport.h"
+#include "tests/src/controllers/ControllersTestSupport.h"
 #include "tests/host/io/SaveLoadTestSupport.h"
 
 namespace zorvanta::test {

@@ -2,7 +2,7 @@
 
 #include "host/classes/IKeyControl.h"
 #include "host/io/CloneRemapDir.h"
-#include "tests/controllers/ControllersTestSupport.h"
+#include "tests/src/controllers/ControllersTestSupport.h"
 
 namespace zorvanta::test {
 namespace {
