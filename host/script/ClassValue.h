@@ -15,8 +15,10 @@ namespace host::script {
 class ClassValue : public ObjectValue {
 public:
     ClassValue(std::wstring name, ClassDesc2* desc) : name_(std::move(name)), desc_(desc) {}
-    // The class of any value.
+    // The class of any value: of a node, its base object's class.
     static Value Of(const Value& v);
+    // The registered class of that internal name (case-insensitive), or undefined.
+    static Value Named(const std::wstring& name);
 
     std::wstring Text() const override { return name_; }
     bool Equals(const ObjectValue& other) const override;

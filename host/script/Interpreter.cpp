@@ -4,6 +4,7 @@
 #include "host/script/CoreBuiltins.h"
 #include "host/script/Parser.h"
 #include "host/script/Program.h"
+#include "host/script/SceneBuiltins.h"
 #include "host/script/SceneGlobals.h"
 #include "host/script/SyntaxError.h"
 #include "host/script/ValueObjects.h"
@@ -32,6 +33,7 @@ Interpreter::Interpreter()
       top_(stack_.get()),
       frame_(stack_.get()) {
     DefineCoreBuiltins(*this);
+    DefineSceneBuiltins(*this);
 }
 
 Interpreter::~Interpreter() {

@@ -318,9 +318,10 @@ bool Parser::AtArgumentStart() const {
 }
 
 NodePtr Parser::ParseCall() {
+    const Token& start = Peek();
     NodePtr callee = ParseOperand();
     if (!AtArgumentStart()) return callee;
-    auto call = std::make_unique<CallNode>(callee->line, callee->column, std::move(callee));
+    auto call = std::make_unique<CallNode>(start.line, start.column, std::move(callee));
     while (AtArgumentStart()) {
         if (At(TokenKind::Identifier) && Peek(1).kind == TokenKind::Colon) {
             call->keywordNames.push_back(Next().text);
@@ -334,10 +335,11 @@ NodePtr Parser::ParseCall() {
 }
 
 NodePtr Parser::ParseOperand() {
-    return ParsePostfix(ParsePrimary());
+    const Token& start = Peek();
+    return ParsePostfix(ParsePrimary(), start);
 }
 
-NodePtr Parser::ParsePostfix(NodePtr node) {
+NodePtr Parser::ParsePostfix(NodePtr node, const Token& start) {
     for (;;) {
         if (At(TokenKind::Dot)) {
             const Token& dot = Next();
@@ -357,8 +359,7 @@ NodePtr Parser::ParsePostfix(NodePtr node) {
         } else if (At(TokenKind::LParen) && Peek(1).kind == TokenKind::RParen) {
             Next();
             Next();
-            const int line = node->line, column = node->column;
-            node = std::make_unique<CallNode>(line, column, std::move(node));
+            node = std::make_unique<CallNode>(start.line, start.column, std::move(node));
         } else {
             return node;
         }

@@ -52,7 +52,8 @@ private:
     NodePtr ParseCall();
     bool AtArgumentStart() const;
     NodePtr ParseOperand();
-    NodePtr ParsePostfix(NodePtr node);
+    // Member access, indexing and `()` after node, whose text starts at start.
+    NodePtr ParsePostfix(NodePtr node, const Token& start);
     NodePtr ParsePrimary();
     NodePtr ParseBlock();
     NodePtr ParseArrayLiteral();

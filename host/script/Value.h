@@ -30,6 +30,8 @@ enum class Tag : uint8_t {
     Interface,    // a published interface: a static one, or a mix-in of an object
     BoundMethod,  // an interface function bound to its interface, ready to call
     Class,        // a class constructor, by internal name
+    Quat,
+    Matrix3,
 };
 
 // Base of every heap value. Values count references to it; it goes when the last goes.
