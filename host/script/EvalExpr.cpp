@@ -114,6 +114,7 @@ Value PointNode::Eval(Interpreter& in) const {
 }
 
 Value BlockNode::Eval(Interpreter& in) const {
+    if (in.StackExhausted(*this)) return Value();
     Value last;
     for (const NodePtr& item : items) {
         last = item->Eval(in);
@@ -136,6 +137,7 @@ Value NotNode::Eval(Interpreter& in) const {
 }
 
 Value BinaryNode::Eval(Interpreter& in) const {
+    if (in.StackExhausted(*this)) return Value();
     const Value a = lhs->Eval(in);
     if (in.Unwinding()) return Value();
     const Value b = rhs->Eval(in);

@@ -99,8 +99,12 @@ bool Interpreter::Run(std::wstring_view text, Value& result, ScriptFailure& fail
         failure = ScriptFailure{e.message, e.line, e.column, true};
         return false;
     }
-    steps_ = 0;
+    if (running_++ == 0) {
+        steps_ = 0;
+        stackBase_ = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+    }
     result = RunProgram(*program);
+    --running_;
     if (signal == Signal::None) return true;
     failure = error;
     signal = Signal::None;

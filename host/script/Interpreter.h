@@ -75,6 +75,14 @@ public:
         Fail(at, L"Script ran too long: step limit reached");
         return false;
     }
+    // True (with the error raised at at) when the native stack is nearly used up: deep
+    // recursion ends with a script error rather than a crash.
+    bool StackExhausted(const Node& at) {
+        const auto here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+        if (stackBase_ - here < kNativeStackBudget) return false;
+        Fail(at, L"Stack overflow: expression or calls nested too deeply");
+        return true;
+    }
     // Calls callee with the values of a call node's arguments.
     Value Call(const Node& site, const Value& callee,
                const std::vector<std::unique_ptr<Node>>& args,
@@ -109,7 +117,13 @@ private:
     void PopTo(Value* base);
     Value RunProgram(const Program& program);
 
+    // Native stack a script may use below where its run began: well inside the 8 MB a
+    // thread has, with room for the sanitizers' larger frames.
+    static constexpr uintptr_t kNativeStackBudget = 3u << 20;
+
     Globals globals_;
+    uintptr_t stackBase_ = 0;
+    int running_ = 0;  // nested runs of this interpreter
     std::unique_ptr<Value[]> stack_;
     Value* stackEnd_ = nullptr;
     Value* top_ = nullptr;    // first free slot; every slot from here up is undefined

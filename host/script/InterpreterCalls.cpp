@@ -117,6 +117,10 @@ Value Interpreter::CallFunction(const Node& site, const FunctionObject& fn, Valu
         PopTo(base);
         return Fail(site, ArgCountError(def.name, def.positionalCount, positional).Message().str());
     }
+    if (StackExhausted(site)) {
+        PopTo(base);
+        return Value();
+    }
     if (depth_ >= kMaxCallDepth || base + def.frameSize > stackEnd_) {
         PopTo(base);
         return Fail(site, L"Stack overflow: calls nested too deeply in " + def.name);

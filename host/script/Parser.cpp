@@ -10,8 +10,10 @@ namespace host::script {
 
 namespace {
 
-// Deeper nesting than this is refused rather than risking the native stack.
-constexpr int kMaxNesting = 150;
+// Deeper nesting, or longer chains of operators (which the tree nests just as deep),
+// are refused rather than risking the native stack when the script runs.
+constexpr int kMaxNesting = 48;
+constexpr int kMaxChain = 64;
 // Keyword parameters are tracked in a 64-bit mask when a call binds them.
 constexpr size_t kMaxKeywordParameters = 64;
 
@@ -87,6 +89,19 @@ bool KeywordLiteral(const Token& t, Value& v) {
         return false;
     return true;
 }
+
+// Counts the operators of one chain: `a + b + c` builds a tree as deep as it is long.
+class ChainCounter {
+public:
+    void Step(const Token& at) {
+        if (++count_ > kMaxChain)
+            throw SyntaxError{L"expression too long: more than 64 operators in a row", at.line,
+                              at.column};
+    }
+
+private:
+    int count_ = 0;
+};
 
 class NestingGuard {
 public:
@@ -206,7 +221,9 @@ NodePtr Parser::ParseAssignment() {
 
 NodePtr Parser::ParseOr() {
     NodePtr lhs = ParseAnd();
+    ChainCounter chain;
     while (AtKeyword(L"or")) {
+        chain.Step(Peek());
         const Token& op = Next();
         SkipNewlines();
         lhs = std::make_unique<LogicNode>(op.line, op.column, false, std::move(lhs), ParseAnd());
@@ -216,7 +233,9 @@ NodePtr Parser::ParseOr() {
 
 NodePtr Parser::ParseAnd() {
     NodePtr lhs = ParseNot();
+    ChainCounter chain;
     while (AtKeyword(L"and")) {
+        chain.Step(Peek());
         const Token& op = Next();
         SkipNewlines();
         lhs = std::make_unique<LogicNode>(op.line, op.column, true, std::move(lhs), ParseNot());
@@ -232,7 +251,9 @@ NodePtr Parser::ParseNot() {
 
 NodePtr Parser::ParseCompare() {
     NodePtr lhs = ParseAdditive();
+    ChainCounter chain;
     while (const OperatorName* cmp = FindOp(kCompareOps, Peek())) {
+        chain.Step(Peek());
         const Token& op = Next();
         SkipNewlines();
         lhs = std::make_unique<BinaryNode>(op.line, op.column, cmp->op, std::move(lhs),
@@ -243,7 +264,9 @@ NodePtr Parser::ParseCompare() {
 
 NodePtr Parser::ParseAdditive() {
     NodePtr lhs = ParseTerm();
+    ChainCounter chain;
     while (AtOperator(L"+") || AtOperator(L"-")) {
+        chain.Step(Peek());
         const Token& op = Next();
         const BinaryOp kind = op.text == L"+" ? BinaryOp::Add : BinaryOp::Sub;
         SkipNewlines();
@@ -254,7 +277,9 @@ NodePtr Parser::ParseAdditive() {
 
 NodePtr Parser::ParseTerm() {
     NodePtr lhs = ParseUnary();
+    ChainCounter chain;
     while (AtOperator(L"*") || AtOperator(L"/")) {
+        chain.Step(Peek());
         const Token& op = Next();
         const BinaryOp kind = op.text == L"*" ? BinaryOp::Mul : BinaryOp::Div;
         SkipNewlines();
@@ -340,7 +365,8 @@ NodePtr Parser::ParseOperand() {
 }
 
 NodePtr Parser::ParsePostfix(NodePtr node, const Token& start) {
-    for (;;) {
+    ChainCounter chain;
+    for (;; chain.Step(Peek())) {
         if (At(TokenKind::Dot)) {
             const Token& dot = Next();
             const Token& name = Peek();

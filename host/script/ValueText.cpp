@@ -55,12 +55,15 @@ std::wstring PointText(const Value& v) {
     return text + L"]";
 }
 
-std::wstring ArrayText(const Value& v) {
+// Arrays may hold themselves: nesting past a few levels prints as "...".
+std::wstring ArrayText(const Value& v, int depth) {
+    constexpr int kMaxDepth = 8;
+    if (depth > kMaxDepth) return L"...";
     std::wstring text = L"#(";
     const auto& items = v.As<ArrayObject>().items;
     for (size_t i = 0; i < items.size(); ++i) {
         if (i) text += L", ";
-        text += PrintText(items[i]);
+        text += items[i].tag() == Tag::Array ? ArrayText(items[i], depth + 1) : PrintText(items[i]);
     }
     return text + L")";
 }
@@ -87,7 +90,7 @@ std::wstring PrintText(const Value& v) {
         case Tag::Point3:
             return PointText(v);
         case Tag::Array:
-            return ArrayText(v);
+            return ArrayText(v, 0);
         case Tag::Function:
             return v.As<FunctionObject>().def->name + L"()";
         case Tag::Primitive:
