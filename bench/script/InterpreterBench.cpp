@@ -9,8 +9,7 @@ namespace host::script {
 namespace {
 
 constexpr const wchar_t* kLoop = L"x = 0; for i = 1 to 1000000 do x += i\nx";
-constexpr const wchar_t* kFib =
-    L"fn fib n = if n < 2 then n else fib (n-1) + fib (n-2)\nfib 25";
+constexpr const wchar_t* kFib = L"fn fib n = if n < 2 then n else fib (n-1) + fib (n-2)\nfib 25";
 
 void RunProgram(benchmark::State& state, const wchar_t* program, int64_t expected) {
     Interpreter in;

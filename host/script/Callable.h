@@ -60,6 +60,12 @@ private:
 // ScriptException (RuntimeError, ArgCountError) for bad arguments.
 using PrimitiveFn = std::function<Value(CallArgs&)>;
 
+// One row of a table of built-ins: the lower-case name and the function.
+struct BuiltinFunction {
+    const wchar_t* name;
+    Value (*fn)(CallArgs&);
+};
+
 class PrimitiveObject : public HeapObject {
 public:
     PrimitiveObject(std::wstring n, PrimitiveFn f) : name(std::move(n)), fn(std::move(f)) {}

@@ -158,11 +158,7 @@ Value ClassOf(CallArgs& args) {
     return ClassValue::Of(args[0]);
 }
 
-struct Builtin {
-    const wchar_t* name;
-    Value (*fn)(CallArgs&);
-};
-constexpr Builtin kBuiltins[] = {
+constexpr BuiltinFunction kBuiltins[] = {
     {L"print", Print},
     {L"format", Format},
     {L"abs", Abs},
@@ -180,7 +176,7 @@ constexpr Builtin kBuiltins[] = {
 }  // namespace
 
 void DefineCoreBuiltins(Interpreter& in) {
-    for (const Builtin& b : kBuiltins) in.DefinePrimitive(b.name, b.fn);
+    in.DefinePrimitives(kBuiltins);
     for (const MathFunction& m : kMathFunctions) {
         in.DefinePrimitive(m.name, [m](CallArgs& args) {
             args.CheckCount(m.name, 1);

@@ -46,6 +46,10 @@ void Interpreter::DefinePrimitive(const std::wstring& name, PrimitiveFn fn) {
     globals_.Define(name, MakeHeap<PrimitiveObject>(Tag::Primitive, name, std::move(fn)));
 }
 
+void Interpreter::DefinePrimitives(std::span<const BuiltinFunction> table) {
+    for (const BuiltinFunction& b : table) DefinePrimitive(b.name, b.fn);
+}
+
 TimeValue Interpreter::CurrentTime() const {
     return atTime ? *atTime : GetCOREInterface()->GetTime();
 }

@@ -52,6 +52,7 @@ public:
     Globals& GetGlobals() { return globals_; }
     // Makes a global C++ function callable by name (case-insensitive).
     void DefinePrimitive(const std::wstring& name, PrimitiveFn fn);
+    void DefinePrimitives(std::span<const BuiltinFunction> table);
 
     // Ends any script after this many loop passes and calls (0: no limit).
     void SetStepLimit(int64_t steps) { stepLimit_ = steps; }

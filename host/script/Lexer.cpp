@@ -39,6 +39,14 @@ bool IsDigit(wchar_t c) {
 constexpr const wchar_t* kOperators[] = {L"==", L"!=", L"<=", L">=", L"+=", L"-=", L"*=", L"/=",
                                          L"+",  L"-",  L"*",  L"/",  L"^",  L"<",  L">",  L"="};
 
+// The escapes of a string literal: the character after the backslash, and its meaning.
+struct Escape {
+    wchar_t written;
+    wchar_t meant;
+};
+constexpr Escape kEscapes[] = {
+    {L'n', L'\n'}, {L't', L'\t'}, {L'r', L'\r'}, {L'"', L'"'}, {L'\\', L'\\'}};
+
 }  // namespace
 
 void Lexer::Advance(size_t n) {
@@ -188,29 +196,16 @@ void Lexer::LexString(Token& token) {
         const wchar_t e = Peek();
         if (pos_ >= text_.size()) Fail(L"unterminated string");
         Advance();
-        switch (e) {
-            case L'n':
-                token.text += L'\n';
-                break;
-            case L't':
-                token.text += L'\t';
-                break;
-            case L'r':
-                token.text += L'\r';
-                break;
-            case L'"':
-                token.text += L'"';
-                break;
-            case L'\\':
-                token.text += L'\\';
-                break;
-            // Kept as written: format reads `\%` as a percent sign, not a placeholder.
-            case L'%':
-                token.text += L"\\%";
-                break;
-            default:
-                Fail(std::wstring(L"unknown escape \\") + e + L" in string");
+        // `\%` is kept as written: format reads it as a percent sign, not a placeholder.
+        if (e == L'%') {
+            token.text += L"\\%";
+            continue;
         }
+        const auto escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                         [e](const Escape& x) { return x.written == e; });
+        if (escape == std::end(kEscapes))
+            Fail(std::wstring(L"unknown escape \\") + e + L" in string");
+        token.text += escape->meant;
     }
 }
 

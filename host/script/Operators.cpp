@@ -37,6 +37,27 @@ int64_t IntegerPower(int64_t base, int64_t exponent) {
     return Wrap(result);
 }
 
+// The comparisons, the same for integers and floats.
+template <typename T>
+Value Compare(BinaryOp op, T a, T b) {
+    switch (op) {
+        case BinaryOp::Lt:
+            return Value::Bool(a < b);
+        case BinaryOp::Le:
+            return Value::Bool(a <= b);
+        case BinaryOp::Gt:
+            return Value::Bool(a > b);
+        case BinaryOp::Ge:
+            return Value::Bool(a >= b);
+        case BinaryOp::Eq:
+            return Value::Bool(a == b);
+        case BinaryOp::Ne:
+            return Value::Bool(a != b);
+        default:
+            return Value();
+    }
+}
+
 Value IntegerOp(Interpreter& in, const Node& at, BinaryOp op, int64_t a, int64_t b) {
     switch (op) {
         case BinaryOp::Add:
@@ -52,22 +73,9 @@ Value IntegerOp(Interpreter& in, const Node& at, BinaryOp op, int64_t a, int64_t
         case BinaryOp::Pow:
             if (b < 0) return Value::Float(std::pow(double(a), double(b)));
             return Value::Integer(IntegerPower(a, b));
-        case BinaryOp::Lt:
-            return Value::Bool(a < b);
-        case BinaryOp::Le:
-            return Value::Bool(a <= b);
-        case BinaryOp::Gt:
-            return Value::Bool(a > b);
-        case BinaryOp::Ge:
-            return Value::Bool(a >= b);
-        case BinaryOp::Eq:
-            return Value::Bool(a == b);
-        case BinaryOp::Ne:
-            return Value::Bool(a != b);
-        case BinaryOp::None:
-            break;
+        default:
+            return Compare(op, a, b);
     }
-    return Value();
 }
 
 Value FloatOp(Interpreter& in, const Node& at, BinaryOp op, double a, double b) {
@@ -83,22 +91,9 @@ Value FloatOp(Interpreter& in, const Node& at, BinaryOp op, double a, double b) 
             return Value::Float(a / b);
         case BinaryOp::Pow:
             return Value::Float(std::pow(a, b));
-        case BinaryOp::Lt:
-            return Value::Bool(a < b);
-        case BinaryOp::Le:
-            return Value::Bool(a <= b);
-        case BinaryOp::Gt:
-            return Value::Bool(a > b);
-        case BinaryOp::Ge:
-            return Value::Bool(a >= b);
-        case BinaryOp::Eq:
-            return Value::Bool(a == b);
-        case BinaryOp::Ne:
-            return Value::Bool(a != b);
-        case BinaryOp::None:
-            break;
+        default:
+            return Compare(op, a, b);
     }
-    return Value();
 }
 
 bool IsPoint(const Value& v) {

@@ -159,11 +159,7 @@ Value FbxImporterSetParam(CallArgs& args) {
     return Value::Ok();
 }
 
-struct Builtin {
-    const wchar_t* name;
-    Value (*fn)(CallArgs&);
-};
-constexpr Builtin kSceneBuiltins[] = {
+constexpr BuiltinFunction kSceneBuiltins[] = {
     {L"getsubanim", GetSubAnim},
     {L"isvalidnode", IsValidNode},
     {L"getnodebyname", GetNodeByName},
@@ -182,7 +178,7 @@ int Frame(TimeValue t) {
 }  // namespace
 
 void DefineSceneBuiltins(Interpreter& in) {
-    for (const Builtin& b : kSceneBuiltins) in.DefinePrimitive(b.name, b.fn);
+    in.DefinePrimitives(kSceneBuiltins);
 }
 
 Value SceneVariable(const std::wstring& name) {

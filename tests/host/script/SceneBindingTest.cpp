@@ -139,6 +139,16 @@ TEST_F(SceneBindingTest, NodePropertiesReadAndWriteTheScene) {
               L"error: -- Runtime error: No node named $Nobody (line 1, column 1)");
 }
 
+TEST_F(SceneBindingTest, SubAnimsReadAndWriteTracksAndParameters) {
+    EXPECT_EQ(Run(L"p = Point name:\"P\"\ns = getSubAnim (getSubAnim p.baseObject 1).object 1\n"
+                  L"print s.value\ns.value = 7.5\nprint p.size\n"
+                  L"pos = getSubAnim p.controller 1\npos.value = [4, 5, 6]\nprint p.position\n"
+                  L"print (getSubAnim p.controller 1).controller.value"),
+              L"20.0\n7.5\n[4.0,5.0,6.0]\n[4.0,5.0,6.0]\n");
+    EXPECT_EQ(Run(L"getSubAnim $P 0"),
+              L"error: -- Runtime error: getSubAnim: index out of range: 0 (line 1, column 1)");
+}
+
 TEST_F(SceneBindingTest, PropertySetInsideUndoIsOneStep) {
     Run(L"Point name:\"Head\"");
     theHold.ClearUndo();
