@@ -17,21 +17,18 @@ constexpr int kMaxChain = 64;
 // Keyword parameters are tracked in a 64-bit mask when a call binds them.
 constexpr size_t kMaxKeywordParameters = 64;
 
-struct OperatorName {
-    const wchar_t* text;
-    BinaryOp op;
-};
 constexpr OperatorName kCompareOps[] = {{L"==", BinaryOp::Eq}, {L"!=", BinaryOp::Ne},
                                         {L"<", BinaryOp::Lt},  {L"<=", BinaryOp::Le},
                                         {L">", BinaryOp::Gt},  {L">=", BinaryOp::Ge}};
+constexpr OperatorName kAddOps[] = {{L"+", BinaryOp::Add}, {L"-", BinaryOp::Sub}};
+constexpr OperatorName kMultiplyOps[] = {{L"*", BinaryOp::Mul}, {L"/", BinaryOp::Div}};
 constexpr OperatorName kAssignOps[] = {{L"=", BinaryOp::None},
                                        {L"+=", BinaryOp::Add},
                                        {L"-=", BinaryOp::Sub},
                                        {L"*=", BinaryOp::Mul},
                                        {L"/=", BinaryOp::Div}};
 
-template <size_t N>
-const OperatorName* FindOp(const OperatorName (&table)[N], const Token& t) {
+const OperatorName* FindOp(std::span<const OperatorName> table, const Token& t) {
     if (t.kind != TokenKind::Operator) return nullptr;
     for (const OperatorName& entry : table)
         if (t.text == entry.text) return &entry;
@@ -249,43 +246,31 @@ NodePtr Parser::ParseNot() {
     return std::make_unique<NotNode>(op.line, op.column, Nested(&Parser::ParseNot));
 }
 
-NodePtr Parser::ParseCompare() {
-    NodePtr lhs = ParseAdditive();
+// One level of left-associative binary operators: operands parsed by next, joined by
+// the operators of the level's table.
+NodePtr Parser::ParseBinaryLevel(std::span<const OperatorName> level, NodePtr (Parser::*next)()) {
+    NodePtr lhs = (this->*next)();
     ChainCounter chain;
-    while (const OperatorName* cmp = FindOp(kCompareOps, Peek())) {
+    while (const OperatorName* found = FindOp(level, Peek())) {
         chain.Step(Peek());
         const Token& op = Next();
         SkipNewlines();
-        lhs = std::make_unique<BinaryNode>(op.line, op.column, cmp->op, std::move(lhs),
-                                           ParseAdditive());
+        lhs = std::make_unique<BinaryNode>(op.line, op.column, found->op, std::move(lhs),
+                                           (this->*next)());
     }
     return lhs;
+}
+
+NodePtr Parser::ParseCompare() {
+    return ParseBinaryLevel(kCompareOps, &Parser::ParseAdditive);
 }
 
 NodePtr Parser::ParseAdditive() {
-    NodePtr lhs = ParseTerm();
-    ChainCounter chain;
-    while (AtOperator(L"+") || AtOperator(L"-")) {
-        chain.Step(Peek());
-        const Token& op = Next();
-        const BinaryOp kind = op.text == L"+" ? BinaryOp::Add : BinaryOp::Sub;
-        SkipNewlines();
-        lhs = std::make_unique<BinaryNode>(op.line, op.column, kind, std::move(lhs), ParseTerm());
-    }
-    return lhs;
+    return ParseBinaryLevel(kAddOps, &Parser::ParseTerm);
 }
 
 NodePtr Parser::ParseTerm() {
-    NodePtr lhs = ParseUnary();
-    ChainCounter chain;
-    while (AtOperator(L"*") || AtOperator(L"/")) {
-        chain.Step(Peek());
-        const Token& op = Next();
-        const BinaryOp kind = op.text == L"*" ? BinaryOp::Mul : BinaryOp::Div;
-        SkipNewlines();
-        lhs = std::make_unique<BinaryNode>(op.line, op.column, kind, std::move(lhs), ParseUnary());
-    }
-    return lhs;
+    return ParseBinaryLevel(kMultiplyOps, &Parser::ParseUnary);
 }
 
 NodePtr Parser::ParseUnary() {

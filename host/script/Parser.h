@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,12 @@ namespace host::script {
 
 class Globals;
 class Program;
+
+// An operator's text and what it does.
+struct OperatorName {
+    const wchar_t* text;
+    BinaryOp op;
+};
 
 // Reads a script into a Program, resolving its variables on the way (see Scopes).
 // Throws SyntaxError with the place of the first thing it cannot read.
@@ -44,6 +51,7 @@ private:
     NodePtr ParseOr();
     NodePtr ParseAnd();
     NodePtr ParseNot();
+    NodePtr ParseBinaryLevel(std::span<const OperatorName> level, NodePtr (Parser::*next)());
     NodePtr ParseCompare();
     NodePtr ParseAdditive();
     NodePtr ParseTerm();
