@@ -16,6 +16,14 @@ namespace {
 
 constexpr int kMaxCallDepth = 400;
 
+// A parameter's slot holds a cell when an inner function uses the parameter.
+void StoreParameter(Value& slot, Value v) {
+    if (slot.tag() == Tag::Cell)
+        slot.As<CellObject>().value = std::move(v);
+    else
+        slot = std::move(v);
+}
+
 }  // namespace
 
 const Value* CallArgs::Keyword(std::wstring_view name) const {
@@ -92,7 +100,7 @@ bool Interpreter::BindKeywords(const FunctionObject& fn, Value* base,
         Value v = keywordValues[k]->Eval(*this);
         if (Unwinding()) return false;
         const size_t index = size_t(it - def.keywordNames.begin());
-        base[def.positionalCount + int(index)] = std::move(v);
+        StoreParameter(base[def.positionalCount + int(index)], std::move(v));
         given |= uint64_t(1) << index;
     }
     // Defaults are evaluated in the called function's frame, after the given arguments.
@@ -102,7 +110,8 @@ bool Interpreter::BindKeywords(const FunctionObject& fn, Value* base,
     closure_ = &fn;
     for (size_t index = 0; index < def.keywordNames.size() && !Unwinding(); ++index) {
         if (given & (uint64_t(1) << index)) continue;
-        base[def.positionalCount + int(index)] = def.keywordDefaults[index]->Eval(*this);
+        StoreParameter(base[def.positionalCount + int(index)],
+                       def.keywordDefaults[index]->Eval(*this));
     }
     frame_ = savedFrame;
     closure_ = savedClosure;
@@ -126,15 +135,16 @@ Value Interpreter::CallFunction(const Node& site, const FunctionObject& fn, Valu
         return Fail(site, L"Stack overflow: calls nested too deeply in " + def.name);
     }
     top_ = base + def.frameSize;
-    if ((!def.keywordNames.empty() || !keywordNames.empty()) &&
-        !BindKeywords(fn, base, keywordNames, keywordValues)) {
-        PopTo(base);
-        return Value();
-    }
+    // Locals that inner functions use live in cells from the start, parameters too.
     for (const VarInfo* v : def.capturedLocals) {
         auto* cell = new CellObject;
         cell->value = std::move(base[v->slot]);
         base[v->slot] = Value::Heap(Tag::Cell, cell);
+    }
+    if ((!def.keywordNames.empty() || !keywordNames.empty()) &&
+        !BindKeywords(fn, base, keywordNames, keywordValues)) {
+        PopTo(base);
+        return Value();
     }
     Value* savedFrame = frame_;
     const FunctionObject* savedClosure = closure_;
