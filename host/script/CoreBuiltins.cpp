@@ -119,7 +119,9 @@ Value Random(CallArgs& args) {
 
 Value Seed(CallArgs& args) {
     args.CheckCount(L"seed", 1);
-    args.interpreter.Seed(uint64_t(int64_t(NumberArg(args, 0, L"seed"))) | 1);
+    const double seed = NumberArg(args, 0, L"seed");
+    if (!(std::fabs(seed) < 9.2e18)) throw RuntimeError(L"seed needs a number in integer range");
+    args.interpreter.Seed(uint64_t(int64_t(seed)) | 1);
     return Value::Ok();
 }
 

@@ -126,7 +126,10 @@ std::wstring KindName(const Value& v) {
                                                 L"SubAnim",
                                                 L"Interface",
                                                 L"InterfaceFunction",
-                                                L"Class"};
+                                                L"Class",
+                                                L"Quat",
+                                                L"Matrix3"};
+    static_assert(std::size(kNames) == size_t(Tag::Matrix3) + 1, "a name for every kind");
     return kNames[size_t(v.tag())];
 }
 
