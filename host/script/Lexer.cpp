@@ -64,6 +64,10 @@ void Lexer::Fail(const std::wstring& message) const {
     throw SyntaxError{message, line_, column_};
 }
 
+void Lexer::FailAt(const Token& at, const std::wstring& message) const {
+    throw SyntaxError{message, at.line, at.column};
+}
+
 bool Lexer::SkipSpace() {
     bool newline = false;
     for (;;) {
@@ -186,7 +190,10 @@ void Lexer::LexString(Token& token) {
     Advance();
     for (;;) {
         const wchar_t c = Peek();
-        if (pos_ >= text_.size()) Fail(L"unterminated string");
+        if (pos_ >= text_.size()) FailAt(token, L"unterminated string");
+        Token backslash;
+        backslash.line = line_;
+        backslash.column = column_;
         Advance();
         if (c == L'"') return;
         if (c != L'\\') {
@@ -194,7 +201,7 @@ void Lexer::LexString(Token& token) {
             continue;
         }
         const wchar_t e = Peek();
-        if (pos_ >= text_.size()) Fail(L"unterminated string");
+        if (pos_ >= text_.size()) FailAt(token, L"unterminated string");
         Advance();
         // `\%` is kept as written: format reads it as a percent sign, not a placeholder.
         if (e == L'%') {
@@ -204,7 +211,7 @@ void Lexer::LexString(Token& token) {
         const auto escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                          [e](const Escape& x) { return x.written == e; });
         if (escape == std::end(kEscapes))
-            Fail(std::wstring(L"unknown escape \\") + e + L" in string");
+            FailAt(backslash, std::wstring(L"unknown escape \\") + e + L" in string");
         token.text += escape->meant;
     }
 }
@@ -213,7 +220,7 @@ void Lexer::LexVerbatim(Token& token) {
     token.kind = TokenKind::String;
     Advance(2);
     const size_t end = text_.find(L'"', pos_);
-    if (end == std::wstring_view::npos) Fail(L"unterminated string");
+    if (end == std::wstring_view::npos) FailAt(token, L"unterminated string");
     token.text = std::wstring(text_.substr(pos_, end - pos_));
     Advance(end + 1 - pos_);
 }

@@ -22,6 +22,8 @@ private:
     }
     void Advance(size_t n = 1);
     [[noreturn]] void Fail(const std::wstring& message) const;
+    // An error at the start of a token rather than where reading stopped.
+    [[noreturn]] void FailAt(const Token& at, const std::wstring& message) const;
     // Skips blanks and comments; true when a line end was among them.
     bool SkipSpace();
     void Push(Token token);

@@ -330,7 +330,12 @@ bool Parser::AtArgumentStart() const {
 NodePtr Parser::ParseCall() {
     const Token& start = Peek();
     NodePtr callee = ParseOperand();
-    if (!AtArgumentStart()) return callee;
+    // Only what can give a function takes arguments: `true print 1` is no call.
+    const bool mayBeFunction =
+        dynamic_cast<VarNode*>(callee.get()) || dynamic_cast<BlockNode*>(callee.get()) ||
+        dynamic_cast<MemberNode*>(callee.get()) || dynamic_cast<IndexNode*>(callee.get()) ||
+        dynamic_cast<CallNode*>(callee.get());
+    if (!mayBeFunction || !AtArgumentStart()) return callee;
     auto call = std::make_unique<CallNode>(start.line, start.column, std::move(callee));
     while (AtArgumentStart()) {
         if (At(TokenKind::Identifier) && Peek(1).kind == TokenKind::Colon) {

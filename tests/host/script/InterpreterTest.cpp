@@ -120,6 +120,39 @@ TEST_F(InterpreterTest, CppErrorsCarryTheTextAndThePlaceOfTheCall) {
     EXPECT_EQ(Run(L"x + 1").AsInteger(), 2);
 }
 
+// Text that cannot be read is refused whole, with what was wrong and where.
+TEST(ScriptSyntax, ErrorsNameTheProblemAndItsPlace) {
+    struct Case {
+        const wchar_t* text;
+        const wchar_t* message;
+        int line, column;
+    };
+    const Case cases[] = {
+        {L"x = \"open", L"unterminated string", 1, 5},
+        {L"x = \"bad \\q escape\"", L"unknown escape \\q in string", 1, 10},
+        {L"/* never closed", L"unterminated comment", 1, 1},
+        {L"a = 1\nb = a +\n", L"expected an expression, got end of script", 3, 1},
+        {L"if true print 1", L"expected \"then\", got \"print\"", 1, 9},
+        {L"for i = 1 do 2", L"expected \"to\", got \"do\"", 1, 11},
+        {L"fn f a k:1 b = a", L"positional parameter after keyword parameters", 1, 12},
+        {L"f 1 = 2", L"cannot assign to this expression", 1, 5},
+        {L"return 1", L"\"return\" outside a function", 1, 1},
+        {L"x = [1]", L"a point has 2 or 3 components", 1, 5},
+        {L"x = 1 ` 2", L"unexpected character '`'", 1, 7},
+        {L"try (1)\n2", L"expected \"catch\", got a number", 2, 1},
+    };
+    for (const Case& c : cases) {
+        Interpreter in;
+        Value result;
+        ScriptFailure failure;
+        EXPECT_FALSE(in.Run(c.text, result, failure)) << WStr(c.text).ToUtf8();
+        EXPECT_TRUE(failure.syntax);
+        EXPECT_EQ(failure.message, c.message) << WStr(c.text).ToUtf8();
+        EXPECT_EQ(failure.line, c.line) << WStr(c.text).ToUtf8();
+        EXPECT_EQ(failure.column, c.column) << WStr(c.text).ToUtf8();
+    }
+}
+
 TEST(ExecuteTarnixScriptScript, GivesTheLastValueAndReportsFailures) {
     FPValue result;
     ASSERT_TRUE(ExecuteTarnixScriptScript(L"shared = 40\nshared + 2", false, &result));

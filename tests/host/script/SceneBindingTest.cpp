@@ -149,6 +149,15 @@ TEST_F(SceneBindingTest, SubAnimsReadAndWriteTracksAndParameters) {
               L"error: -- Runtime error: getSubAnim: index out of range: 0 (line 1, column 1)");
 }
 
+// animate on keys the controllers at the time of `at time`; the scene's own time stays.
+TEST_F(SceneBindingTest, AnimateAtTimeKeysTheTrack) {
+    EXPECT_EQ(Run(L"p = Point name:\"P\"\n"
+                  L"animate on (at time 0 (p.position = [0, 0, 0]); at time 10 (p.position = "
+                  L"[10, 0, 0]))\n"
+                  L"print (at time 5 p.position)\nprint p.position\nprint sliderTime"),
+              L"[5.0,0.0,0.0]\n[0.0,0.0,0.0]\n0\n");
+}
+
 TEST_F(SceneBindingTest, PropertySetInsideUndoIsOneStep) {
     Run(L"Point name:\"Head\"");
     theHold.ClearUndo();
