@@ -54,3 +54,29 @@ function(zv_add_bench name)
         set_tests_properties(${name}.smoke PROPERTIES LABELS bench)
     endif()
 endfunction()
+
+# zv_add_toolkit_library(name SOURCES ...): one toolkit subsystem, compiled
+# position-independent so that the plug-in library can hold it. It links no host
+# library: the scene model's code comes from the process that loads the plug-in, and a
+# test that links the subsystem directly links the host libraries it needs itself.
+# Includes are written from the toolkit's root ("controllers/StaticFloat.h").
+function(zv_add_toolkit_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
+    add_library(${name} OBJECT ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_link_libraries(${name} PUBLIC zv_options)
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+endfunction()
+
+# zv_export_host(target): an executable that loads plug-ins keeps the whole scene model
+# (not only what it calls itself) and exports it, so that a plug-in finds the host's
+# symbols in the process.
+function(zv_export_host target)
+    set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+    target_link_libraries(${target} PRIVATE zv_host_io zv_host_classes)
+    target_link_options(${target} PRIVATE
+        "LINKER:--whole-archive"
+        $<TARGET_FILE:zv_host_io> $<TARGET_FILE:zv_host_classes> $<TARGET_FILE:zv_host_object>
+        $<TARGET_FILE:zv_host_math> $<TARGET_FILE:zv_host_core>
+        "LINKER:--no-whole-archive")
+endfunction()

@@ -7,6 +7,9 @@
 #include "apps/zorvanta/InfoCommand.h"
 #include "apps/zorvanta/RenderCommand.h"
 #include "apps/zorvanta/ScriptCommand.h"
+#include "host/classes/HostClasses.h"
+#include "host/object/Interface.h"
+#include "host/object/PluginLoader.h"
 
 namespace {
 
@@ -39,16 +42,28 @@ int Usage(std::FILE* out, int code) {
     return code;
 }
 
+// Starts the host with the plug-ins of its plug-in folders; a library that fails to
+// load is named on stderr and the tool goes on without it.
+void StartWithPlugins() {
+    std::vector<std::string> errors;
+    host::StartHostWithPlugins(host::PluginFolders(), errors);
+    for (const std::string& error : errors)
+        std::fprintf(stderr, "zorvanta: warning: %s\n", error.c_str());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) return Usage(stderr, 2);
+    // Nobody answers dialogs here: they take their default answers and print their text.
+    host::GetCOREInterface()->SetQuietMode(true);
     const char* arg = argv[1];
     if (std::strcmp(arg, "--help") == 0 || std::strcmp(arg, "-h") == 0) return Usage(stdout, 0);
     if (std::strcmp(arg, "--version") == 0) {
         std::printf("zorvanta %s\n", ZV_VERSION);
         return 0;
     }
+    StartWithPlugins();
     if (std::strcmp(arg, "info") == 0) {
         if (argc != 3) {
             std::fputs("zorvanta: info takes one scene file (try --help)\n", stderr);

@@ -22,9 +22,18 @@ struct BezierKnot {
 // inner control points lie along the tangents at the lengths; a step tangent on either
 // side holds the value.
 class BezierChannel {
-    struct Segment;
-
 public:
+    // Playback reads segments in order, so each segment keeps what a read needs in one
+    // place: its start and end times and, for a segment whose handles sit at a third of its
+    // duration, the cubic polynomial in the fraction of its duration. Other segments
+    // (stepped, custom lengths, no duration) have invDuration 0 and read the knots.
+    // Two segments share a cache line and none straddles two.
+    struct alignas(32) Segment {
+        TimeValue start = 0, end = 0;
+        float invDuration = 0.0f;
+        float c[4] = {};
+    };
+
     // A read position in a channel's segments, for reads in playback order: it answers
     // for times in its segment or the next one, where the segment is a cubic, and moves
     // to the next one when t has passed its end. It stays usable while the channel's
@@ -87,6 +96,9 @@ public:
     float ExtendLinear(bool before, TimeValue t) const;
     // The read position of the last Interpolate, for a reader that keeps its own.
     Cursor LastRead() const { return cursor_; }
+    // The segments between neighbouring knots, in time order.
+    const Segment* Segments() const { return segments_.data(); }
+    size_t SegmentCount() const { return Count(); }
 
 private:
     // The segment holding t: the one before the first knot's time for earlier times.
@@ -95,16 +107,6 @@ private:
     float InterpolateElsewhere(TimeValue t) const;
     float SegmentValue(size_t k, TimeValue t) const;
 
-    // Playback reads segments in order, so each segment keeps what a read needs in one
-    // place: its start and end times and, for a segment whose handles sit at a third of its
-    // duration, the cubic polynomial in the fraction of its duration. Other segments
-    // (stepped, custom lengths, no duration) have invDuration 0 and read the knots.
-    // Two segments share a cache line and none straddles two.
-    struct alignas(32) Segment {
-        TimeValue start = 0, end = 0;
-        float invDuration = 0.0f;
-        float c[4] = {};
-    };
     // Where a cursor without segments points: a segment and the end marker after it.
     static const Segment kNoSegments[2];
     // The segments without the end marker.

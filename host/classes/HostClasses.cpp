@@ -4,6 +4,8 @@
 #include "host/object/ClassRegistry.h"
 #include "host/object/Interface.h"
 #include "host/object/Notifications.h"
+#include "host/object/PluginLoader.h"
+#include "host/object/TrackBarFilterManager.h"
 
 namespace host {
 
@@ -34,10 +36,18 @@ void RegisterHostClasses() {
 }
 
 void StartHost() {
+    std::vector<std::string> errors;
+    StartHostWithPlugins({}, errors);
+}
+
+void StartHostWithPlugins(const std::vector<std::string>& folders,
+                          std::vector<std::string>& errors) {
     static bool started = false;
     if (started) return;
     started = true;
     RegisterHostClasses();
+    TrackBarFilterManager::Instance();
+    for (const std::string& folder : folders) LoadPluginFolder(folder, errors);
     BroadcastNotification(NOTIFY_SYSTEM_STARTUP);
 }
 

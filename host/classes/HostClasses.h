@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 namespace host {
@@ -39,8 +40,12 @@ ClassDesc2* GetTrackViewNodeDesc();
 const std::vector<ClassDesc2*>& HostClassDescriptors();
 // Registers the host's own classes with the class directory; a second call does nothing.
 void RegisterHostClasses();
-// Starts the host: its classes, its layer manager, then the start-up broadcast. Only
-// the first call does anything.
+// Starts the host: its classes, its layer manager and its core interfaces, then the
+// start-up broadcast. Only the first start does anything.
 void StartHost();
+// The same start with the class libraries of the folders loaded before the broadcast
+// (see PluginLoader); errors receives one line per library that failed to load.
+void StartHostWithPlugins(const std::vector<std::string>& folders,
+                          std::vector<std::string>& errors);
 
 }  // namespace host

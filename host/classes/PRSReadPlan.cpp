@@ -23,6 +23,8 @@ T* Exactly(Control* c) {
 void PRSReadPlan::Build(Control* position, Control* rotation, Control* scale) {
     built_ = TrackEdits::Count();
     applies_ = false;
+    reads_ = 0;
+    spans_.Clear();
     auto* euler = Exactly<EulerXYZ>(rotation);
     scale_ = Exactly<BezierScale>(scale);
     if (!Exactly<PositionXYZ>(position) || !euler || !scale_) return;
@@ -40,7 +42,7 @@ void PRSReadPlan::Build(Control* position, Control* rotation, Control* scale) {
     for (int k = 0; k < 3; ++k) cursors_[kScaleChannel + k] = scale_->Channel(k).LastRead();
     oneAxis_ = scale_->OneAxis();
     scaleAxis_ = scale_->Axis();
-    order_ = euler->EulerXYZ::GetOrder();
+    compose_ = kCompose[CheckedEulerOrder(euler->EulerXYZ::GetOrder())];
     applies_ = true;
 }
 
@@ -51,19 +53,40 @@ float PRSReadPlan::ReadTrack(int i, TimeValue t, Interval& valid) {
 }
 
 void PRSReadPlan::Apply(TimeValue t, Matrix3& tm, Interval& valid) {
+    float v[SpanTable::kLanes];
+    ScaleValue scale(Point3(), scaleAxis_);
+    if (!spans_.Empty() && spans_.Read(t, v)) {
+        // As a cursor's, the table's value holds at t alone.
+        valid.NarrowToInstant(t);
+        scale.s = Point3(v[kScaleChannel], v[kScaleChannel + 1], v[kScaleChannel + 2]);
+    } else {
+        ReadChannels(t, v, scale, valid);
+        if (reads_ < kPackAfter && ++reads_ == kPackAfter) Pack();
+    }
+    compose_(v, scale, tm);
+}
+
+void PRSReadPlan::Pack() {
+    // The scale's factors are channels only when every key turns the same axis.
+    if (!oneAxis_) return;
+    const BezierChannel* channels[kChannels];
+    for (int i = 0; i < kScaleChannel; ++i) channels[i] = &tracks_[i]->Channel(0);
+    for (int k = 0; k < 3; ++k) channels[kScaleChannel + k] = &scale_->Channel(k);
+    spans_.Pack(channels, kChannels);
+}
+
+void PRSReadPlan::ReadChannels(TimeValue t, float* v, ScaleValue& scale, Interval& valid) {
     // Every segment a read may step to is asked for at once, rather than one by one as
     // the reads reach them.
     for (const BezierChannel::Cursor& cursor : cursors_) cursor.Prefetch();
     // A cursor's value holds at t alone, as a track's read inside its keys does.
     bool answered = false;
-    float v[kScaleChannel];
     for (int i = 0; i < kScaleChannel; ++i) {
         if (cursors_[i].Read(t, v[i]))
             answered = true;
         else
             v[i] = ReadTrack(i, t, valid);
     }
-    ScaleValue scale(Point3(), scaleAxis_);
     BezierChannel::Cursor* factors = cursors_ + kScaleChannel;
     if (oneAxis_ && factors[0].Read(t, scale.s.x) && factors[1].Read(t, scale.s.y) &&
         factors[2].Read(t, scale.s.z)) {
@@ -73,17 +96,27 @@ void PRSReadPlan::Apply(TimeValue t, Matrix3& tm, Interval& valid) {
         for (int k = 0; k < 3; ++k) factors[k] = scale_->Channel(k).LastRead();
     }
     if (answered) valid.NarrowToInstant(t);
+}
 
+template <int Order>
+void PRSReadPlan::Compose(const float* v, const ScaleValue& scale, Matrix3& tm) {
+    float angles[3];
+    EulerXYZ::ToAngles(v + 3, angles, Order);
+    const RowMatrix::EulerTurns turns(angles);
     RowMatrix rows(tm);
     rows.PreTranslate(Point3(v[0], v[1], v[2]));
-    float angles[3];
-    EulerXYZ::ToAngles(v + 3, angles, order_);
-    rows.PreRotateEuler(angles, order_);
+    rows.PreRotateEuler<Order>(turns);
     // A scale about turned axes is a matrix product, left to ApplyScaling.
     const bool alongAxes = scale.q.IsIdentity();
     if (alongAxes) rows.PreScale(scale.s);
     rows.Store(tm);
     if (!alongAxes) ApplyScaling(tm, scale);
 }
+
+const PRSReadPlan::ComposeFn PRSReadPlan::kCompose[kEulerOrderCount] = {
+    &Compose<EULERTYPE_XYZ>, &Compose<EULERTYPE_XZY>, &Compose<EULERTYPE_YZX>,
+    &Compose<EULERTYPE_YXZ>, &Compose<EULERTYPE_ZXY>, &Compose<EULERTYPE_ZYX>,
+    &Compose<EULERTYPE_XYX>, &Compose<EULERTYPE_YZY>, &Compose<EULERTYPE_ZXZ>,
+};
 
 }  // namespace host

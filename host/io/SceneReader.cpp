@@ -237,13 +237,12 @@ bool SceneReader::CheckNumbers() {
     };
     if (!valid(root_) || !valid(selection_)) return Fail("the root or selection names no object");
     if (!CheckNodeLayers()) return Fail("a node is put on a layer the scene does not have");
+    // The indirect references are not counted here: an object may size them from the
+    // objects it refers to, which it has only once linked (see Link).
     for (size_t i = 0; i < objects_.size(); ++i) {
-        auto* indirect = dynamic_cast<IIndirectReferenceMaker*>(objects_[i]);
         const int refs = objects_[i]->NumRefs();
-        const int weak = indirect ? indirect->NumIndirectRefs() : 0;
         if (!valid(slots_[i].refs) || !valid(slots_[i].indirect) ||
-            slots_[i].refs.size() > size_t(std::max(0, refs)) ||
-            slots_[i].indirect.size() > size_t(std::max(0, weak)))
+            slots_[i].refs.size() > size_t(std::max(0, refs)))
             return Fail("the references of object " + std::to_string(i + 1) + " (" +
                         objects_[i]->GetClassName().ToUtf8() + ") do not fit it");
     }
@@ -298,11 +297,17 @@ int32_t SceneReader::LoopingObject() const {
     return 0;
 }
 
+// References first, then the indirect ones, which an object may size from what it refers
+// to (a weak reference owner from its parameter blocks); an indirect slot past the
+// object's count is dropped, as SetIndirectReference does past the end.
 void SceneReader::Link() {
     for (size_t i = 0; i < objects_.size(); ++i) {
         const Slots& slots = slots_[i];
         for (size_t s = 0; s < slots.refs.size(); ++s)
             RefSystem::Link(objects_[i], int(s), ObjectOf(slots.refs[s]));
+    }
+    for (size_t i = 0; i < objects_.size(); ++i) {
+        const Slots& slots = slots_[i];
         auto* indirect = dynamic_cast<IIndirectReferenceMaker*>(objects_[i]);
         for (size_t s = 0; indirect && s < slots.indirect.size(); ++s)
             indirect->SetIndirectReference(int(s), ObjectOf(slots.indirect[s]));

@@ -36,17 +36,24 @@ public:
         rows_[3] += rows_[0] * p.x + rows_[1] * p.y + rows_[2] * p.z;
         if (p.x != 0.0f || p.y != 0.0f || p.z != 0.0f) flags_ &= ~Matrix3::POS_IDENT;
     }
-    // EulerToMatrix(angles, order) * M, as PreRotateEuler turns a Matrix3. The sines and
-    // cosines come first, so that the rows need not be saved around each call for them.
-    void PreRotateEuler(const float* angles, int order) {
+    // The turns of three Euler angles: their sines and cosines, found before a
+    // RowMatrix loads its rows so that the calls for them need not save the rows.
+    struct EulerTurns {
+        // Out of line, so that the calls are made before the rows are loaded rather than
+        // moved into the turns that use them.
+        explicit EulerTurns(const float* angles);
+        bool turn[3];  // a zero angle leaves the rows as they are, bits and all
         float c[3], s[3];
-        for (int n = 0; n < 3; ++n) {
-            c[n] = std::cos(angles[n]);
-            s[n] = std::sin(angles[n]);
-        }
-        const int* axes = EulerAxes(order);
-        for (int n = 2; n >= 0; --n)
-            if (angles[n] != 0.0f) Turn(axes[n], c[n], s[n]);
+    };
+    // EulerToMatrix(angles, Order) * M, as PreRotateEuler turns a Matrix3: the last
+    // step's turn reaches M first. The order is a constant, so that the rows each turn
+    // mixes are known.
+    template <int Order>
+    void PreRotateEuler(const EulerTurns& e) {
+        constexpr const int* axes = kEulerAxes[Order];
+        if (e.turn[2]) Turn<axes[2]>(e.c[2], e.s[2]);
+        if (e.turn[1]) Turn<axes[1]>(e.c[1], e.s[1]);
+        if (e.turn[0]) Turn<axes[0]>(e.c[0], e.s[0]);
     }
     // S(s) * M, the translation left as it is.
     void PreScale(const Point3& s) {
@@ -64,13 +71,13 @@ private:
         const MatrixRows::Bits keep = {~0u, ~0u, ~0u, 0u};
         return reinterpret_cast<Row>(reinterpret_cast<MatrixRows::Bits>(r) & keep);
     }
-    // The rotation about axis with cosine c and sine s: the two rows it mixes, mixed as
+    // The rotation about Axis with cosine c and sine s: the two rows it mixes, mixed as
     // Matrix3's pre-rotation mixes them.
-    // Rows are named, not indexed, so that they can stay in registers.
-    void Turn(int axis, float c, float s) {
-        if (axis == 0)
+    template <int Axis>
+    void Turn(float c, float s) {
+        if constexpr (Axis == 0)
             Mix(rows_[1], rows_[2], c, s);
-        else if (axis == 1)
+        else if constexpr (Axis == 1)
             Mix(rows_[2], rows_[0], c, s);
         else
             Mix(rows_[0], rows_[1], c, s);

@@ -1,6 +1,7 @@
 #include "host/object/Interface.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/math/MatrixHelpers.h"
 #include "host/object/Animate.h"
@@ -8,6 +9,7 @@
 #include "host/object/ILayerManager.h"
 #include "host/object/Notifications.h"
 #include "host/object/Object.h"
+#include "host/object/PickMode.h"
 #include "host/object/ViewExp.h"
 
 namespace host {
@@ -162,6 +164,7 @@ void Interface::Print(const WStr& text) {
 
 void Interface::Reset() {
     BroadcastNotification(NOTIFY_SYSTEM_PRE_RESET);
+    ClearPickMode();
     theHold.ClearUndo();
     scene_.Clear();
     if (layers_) layers_->Reset();
@@ -176,6 +179,45 @@ void Interface::Reset() {
     status_ = StatusLine();
     ClearListener();
     BroadcastNotification(NOTIFY_SYSTEM_POST_RESET);
+}
+
+void Interface::SetPickMode(PickModeCallback* mode) {
+    if (mode == pickMode_) return;
+    if (PickModeCallback* old = std::exchange(pickMode_, nullptr)) old->ExitMode(this);
+    pickMode_ = mode;
+    if (mode) mode->EnterMode(this);
+}
+
+namespace {
+
+// Hit-tests every node under parent that is shown, unfrozen and accepted, logging hits.
+void HitTestNodes(INode* parent, TimeValue t, ViewExp& vpt, IPoint2& m, PickNodeCallback* filter) {
+    for (int i = 0; i < parent->NumberOfChildren(); ++i) {
+        INode* node = parent->GetChildNode(i);
+        Object* object =
+            node->IsHidden() || node->IsFrozen() ? nullptr : node->EvalWorldState(t).obj;
+        if (object && (!filter || filter->Filter(node)) &&
+            object->HitTest(t, node, HITTYPE_POINT, 0, 0, &m, &vpt))
+            vpt.LogHit(node, nullptr, vpt.getGW()->getHitDistance(), 0, vpt.getGW()->getHitDepth());
+        HitTestNodes(node, t, vpt, m, filter);
+    }
+}
+
+}  // namespace
+
+INode* Interface::PickNode(ViewExp& vpt, IPoint2 m, PickNodeCallback* filter) {
+    vpt.ClearHitList();
+    if (!vpt.IsAlive() || !vpt.getGW()) return nullptr;
+    HitTestNodes(GetRootNode(), time_, vpt, m, filter);
+    const HitRecord* closest = vpt.GetClosestHit();
+    return closest ? closest->nodeRef : nullptr;
+}
+
+bool Interface::ClickInPickMode(ViewExp& vpt, IPoint2 m) {
+    PickModeCallback* mode = pickMode_;
+    if (!mode || !mode->HitTest(this, &vpt, m, 0)) return false;
+    if (mode->Pick(this, &vpt) && pickMode_ == mode) ClearPickMode();
+    return true;
 }
 
 }  // namespace host

@@ -7,6 +7,9 @@
 #include "host/core/Interval.h"
 #include "host/core/WStr.h"
 #include "host/object/INode.h"
+#include "host/object/IPoint2.h"
+#include "host/object/InProcessClipboard.h"
+#include "host/object/QuietDialogService.h"
 #include "host/object/Scene.h"
 #include "host/object/StatusLine.h"
 #include "host/object/TimeChangeCallback.h"
@@ -41,6 +44,8 @@ enum CloneType : int { NODE_COPY = 0, NODE_INSTANCE = 1, NODE_REFERENCE = 2, NOD
 
 class ILayerManager;
 class Object;
+class PickModeCallback;
+class PickNodeCallback;
 class ViewExp;
 
 // The host's services to plug-ins: the scene and its selection, scene time and its
@@ -122,6 +127,17 @@ public:
     bool GetQuietMode() const { return quiet_; }
     void SetQuietMode(bool quiet) { quiet_ = quiet; }
 
+    // The clipboard: the one the application installed (the system's, when there is a
+    // display), else the host's own in-process one.
+    Clipboard& GetClipboard() { return clipboard_ ? *clipboard_ : ownClipboard_; }
+    // Installs a clipboard that the caller keeps alive; null goes back to the host's own.
+    void SetClipboard(Clipboard* clipboard) { clipboard_ = clipboard; }
+    // The dialogs: the quiet ones in quiet mode or when the application installed none,
+    // else the installed ones.
+    DialogService& GetDialogService() { return quiet_ || !dialogs_ ? quietDialogs_ : *dialogs_; }
+    // Installs dialogs that the caller keeps alive; null goes back to the quiet ones.
+    void SetDialogService(DialogService* dialogs) { dialogs_ = dialogs; }
+
     // Redraws nest: the views redraw only when every disable has been matched.
     void DisableSceneRedraw() { ++redrawDisabled_; }
     void EnableSceneRedraw();
@@ -134,6 +150,20 @@ public:
     // a view that is not alive. The application clears it before the view goes.
     ViewExp& GetActiveViewExp();
     void SetActiveViewExp(ViewExp* view) { activeView_ = view; }
+
+    // Pick modes. SetPickMode ends the mode in force (ExitMode) and enters mode; null
+    // just ends it. A mode set again while in force stays, without entering twice.
+    void SetPickMode(PickModeCallback* mode);
+    void ClearPickMode() { SetPickMode(nullptr); }
+    PickModeCallback* GetCurPickMode() const { return pickMode_; }
+    // The node drawn nearest the window point m of vpt among the visible, unfrozen
+    // nodes that filter (when given) accepts; null over empty space or for a view that
+    // is not alive. The view's hit log holds every accepted node hit.
+    INode* PickNode(ViewExp& vpt, IPoint2 m, PickNodeCallback* filter = nullptr);
+    // A click at m in pick mode, as the viewport delivers it: the mode's hit test, then
+    // its Pick, which ends the mode when it answers true. False when no mode is in force
+    // or nothing was hit.
+    bool ClickInPickMode(ViewExp& vpt, IPoint2 m);
 
     StatusLine& Status() { return status_; }
     // The script listener's output.
@@ -159,9 +189,14 @@ private:
     int refCoordSys_ = COORDS_VIEW;
     int taskMode_ = TASK_MODE_CREATE;
     bool quiet_ = false;
+    InProcessClipboard ownClipboard_;
+    Clipboard* clipboard_ = nullptr;
+    QuietDialogService quietDialogs_;
+    DialogService* dialogs_ = nullptr;
     int redrawDisabled_ = 0;
     int redraws_ = 0;
     ViewExp* activeView_ = nullptr;
+    PickModeCallback* pickMode_ = nullptr;
     StatusLine status_;
     WStr listener_;
 };

@@ -323,6 +323,39 @@ TEST_F(PRSReadPlanTest, RandomKeysReadAsThePartsReadThem) {
     }
 }
 
+// Keys at the same times on all nine channels, which the plan packs into one table once
+// it has been read a few times; tangents of every type leave spans that are not cubics
+// in every channel, and the scale turns one axis for all keys or none.
+TEST_F(PRSReadPlanTest, SharedKeyTimesReadAsThePartsReadThem) {
+    for (int scene = 0; scene < 20; ++scene) {
+        SCOPED_TRACE(scene);
+        prs_->DeleteMe();
+        prs_ = static_cast<PRS*>(NewDefaultMatrix3Controller());
+        std::vector<TimeValue> times;
+        for (TimeValue t = Uniform(-400, 0); t < 4000; t += Uniform(1, 600)) times.push_back(t);
+        for (int i = 0; i < 6; ++i) {
+            IKeyControl* keys = GetKeyControlInterface(Track(i));
+            for (TimeValue t : times) {
+                IBezFloatKey key;
+                key.time = t;
+                key.val = Value(-3.0f, 3.0f);
+                key.flags = Uniform(0, 3) == 0 ? Flags() : 0;
+                keys->AppendKey(&key);
+            }
+        }
+        IKeyControl* scales = GetKeyControlInterface(prs_->GetScaleController());
+        const Quat axis = scene % 2 ? rnd_.Rotation() : Quat();
+        for (TimeValue t : times) {
+            IBezScaleKey key;
+            key.time = t;
+            key.val = ScaleValue(rnd_.Vector(-1.5f, 1.5f), axis);
+            scales->AppendKey(&key);
+        }
+        Euler()->SetOrder(Uniform(0, kEulerOrderCount - 1));
+        ASSERT_NO_FATAL_FAILURE(ExpectSameAsParts(rnd_.Affine()));
+    }
+}
+
 // Each edit leaves the plan reading tables that are gone or hold other keys, or parts that
 // changed, unless the plan is built again. The reads after an edit begin where the cursors
 // stopped before it.

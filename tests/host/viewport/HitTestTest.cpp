@@ -1,5 +1,6 @@
 #include "host/classes/PointHelper.h"
 #include "host/object/HitRegion.h"
+#include "host/object/PickMode.h"
 #include "host/viewport/HitTester.h"
 #include "tests/host/viewport/ViewportTestSupport.h"
 
@@ -80,6 +81,15 @@ TEST_F(ScenePicking, PicksTheNearestNode) {
     const IPoint2 onBoth{int(std::lround(centre.x)), int(std::lround(centre.y))};
     EXPECT_EQ(HitTestScene(*ip, view, 0, onBoth), high) << "the top view looks down on it";
     EXPECT_EQ(view.GetHitLog().Count(), 2);
+    // A pick mode's hit test sees the same, less the nodes its filter refuses.
+    EXPECT_EQ(ip->PickNode(view, onBoth), high);
+    struct NotHigh : PickNodeCallback {
+        INode* high;
+        bool Filter(INode* node) override { return node != high; }
+    } notHigh;
+    notHigh.high = high;
+    EXPECT_EQ(ip->PickNode(view, onBoth, &notHigh), low);
+    EXPECT_EQ(view.GetHitLog().Count(), 1);
 
     // Move the high one aside by a few pixels: the low one's cross is now nearer.
     const float unitsPerPixel = view.GetVPWorldWidth(origin) / float(view.GetViewportWidth());
