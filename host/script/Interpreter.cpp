@@ -6,6 +6,7 @@
 #include "host/script/Program.h"
 #include "host/script/SceneBuiltins.h"
 #include "host/script/SceneGlobals.h"
+#include "host/script/ServiceBuiltins.h"
 #include "host/script/SyntaxError.h"
 #include "host/script/ValueObjects.h"
 
@@ -34,6 +35,7 @@ Interpreter::Interpreter()
       frame_(stack_.get()) {
     DefineCoreBuiltins(*this);
     DefineSceneBuiltins(*this);
+    DefineServiceBuiltins(*this);
 }
 
 Interpreter::~Interpreter() {
