@@ -216,28 +216,27 @@ NodePtr Parser::ParseAssignment() {
     return std::make_unique<AssignNode>(line, column, assign->op, std::move(lhs), std::move(rhs));
 }
 
-NodePtr Parser::ParseOr() {
-    NodePtr lhs = ParseAnd();
+// `and` or `or` chains: operands parsed by next.
+NodePtr Parser::ParseLogicLevel(bool isAnd, NodePtr (Parser::*next)()) {
+    const wchar_t* keyword = isAnd ? L"and" : L"or";
+    NodePtr lhs = (this->*next)();
     ChainCounter chain;
-    while (AtKeyword(L"or")) {
+    while (AtKeyword(keyword)) {
         chain.Step(Peek());
         const Token& op = Next();
         SkipNewlines();
-        lhs = std::make_unique<LogicNode>(op.line, op.column, false, std::move(lhs), ParseAnd());
+        lhs =
+            std::make_unique<LogicNode>(op.line, op.column, isAnd, std::move(lhs), (this->*next)());
     }
     return lhs;
 }
 
+NodePtr Parser::ParseOr() {
+    return ParseLogicLevel(false, &Parser::ParseAnd);
+}
+
 NodePtr Parser::ParseAnd() {
-    NodePtr lhs = ParseNot();
-    ChainCounter chain;
-    while (AtKeyword(L"and")) {
-        chain.Step(Peek());
-        const Token& op = Next();
-        SkipNewlines();
-        lhs = std::make_unique<LogicNode>(op.line, op.column, true, std::move(lhs), ParseNot());
-    }
-    return lhs;
+    return ParseLogicLevel(true, &Parser::ParseNot);
 }
 
 NodePtr Parser::ParseNot() {

@@ -48,6 +48,7 @@ private:
     NodePtr ParseExpr();
     NodePtr ParseKeywordExpr();
     NodePtr ParseAssignment();
+    NodePtr ParseLogicLevel(bool isAnd, NodePtr (Parser::*next)());
     NodePtr ParseOr();
     NodePtr ParseAnd();
     NodePtr ParseNot();
