@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # All tests: install what is missing, build under AddressSanitizer and
 # UndefinedBehaviorSanitizer, run every test with ctest, then fuzz the scene reader
-# for a minute.
+# and the script interpreter for a minute each.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 bash scripts/setup.sh
@@ -9,3 +9,4 @@ cmake --preset asan
 cmake --build --preset asan
 ctest --preset asan -j "$(nproc)"
 bash scripts/fuzz.sh 60
+bash scripts/fuzz.sh 60 script

@@ -6,6 +6,7 @@
 
 #include "apps/zorvanta/InfoCommand.h"
 #include "apps/zorvanta/RenderCommand.h"
+#include "apps/zorvanta/ScriptCommand.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/Interface.h"
 #include "host/object/PluginLoader.h"
@@ -17,6 +18,8 @@ constexpr const char* kUsage =
     "       zorvanta info <scene>\n"
     "       zorvanta render <scene> [--frame N] [--view front|side|top|persp]\n"
     "                       [--size WxH] [--grid] --out <png>\n"
+    "       zorvanta run <script.trx> [--scene in.tnx] [--save out.tnx]\n"
+    "       zorvanta repl\n"
     "\n"
     "Zorvanta, a character rigging and animation toolkit.\n"
     "\n"
@@ -25,6 +28,10 @@ constexpr const char* kUsage =
     "  render <scene> draw the scene's wireframe at a frame (the scene's time unless\n"
     "                 given), framed on what is visible, 640x480 from the front unless\n"
     "                 asked, with the home grid on --grid, into a PNG file\n"
+    "  run <script>   run a TarnixScript file, on the scene given with --scene (an\n"
+    "                 empty one otherwise), and save the scene after it with --save\n"
+    "  repl           a script listener: reads expressions from the input, prints\n"
+    "                 their output and values, and keeps its variables\n"
     "\n"
     "Options:\n"
     "  -h, --help     show this text and exit\n"
@@ -73,6 +80,23 @@ int main(int argc, char** argv) {
             return 2;
         }
         return zorvanta::cli::RunRender(options, stderr);
+    }
+    if (std::strcmp(arg, "run") == 0) {
+        zorvanta::cli::RunOptions options;
+        std::string error;
+        if (!zorvanta::cli::ParseRunArgs(std::vector<std::string>(argv + 2, argv + argc), options,
+                                         error)) {
+            std::fprintf(stderr, "zorvanta: %s (try --help)\n", error.c_str());
+            return 2;
+        }
+        return zorvanta::cli::RunScript(options, stdout, stderr);
+    }
+    if (std::strcmp(arg, "repl") == 0) {
+        if (argc != 2) {
+            std::fputs("zorvanta: repl takes no arguments (try --help)\n", stderr);
+            return 2;
+        }
+        return zorvanta::cli::RunRepl(stdin, stdout, stderr);
     }
     std::fprintf(stderr, "zorvanta: unknown option or command '%s' (try --help)\n", arg);
     return 2;
