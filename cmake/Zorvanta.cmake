@@ -73,10 +73,10 @@ endfunction()
 # symbols in the process.
 function(zv_export_host target)
     set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
-    target_link_libraries(${target} PRIVATE zv_host_io zv_host_classes)
+    target_link_libraries(${target} PRIVATE zv_host_script zv_host_io zv_host_classes)
     target_link_options(${target} PRIVATE
         "LINKER:--whole-archive"
-        $<TARGET_FILE:zv_host_io> $<TARGET_FILE:zv_host_classes> $<TARGET_FILE:zv_host_object>
+        $<TARGET_FILE:zv_host_script> $<TARGET_FILE:zv_host_io> $<TARGET_FILE:zv_host_classes> $<TARGET_FILE:zv_host_object>
         $<TARGET_FILE:zv_host_math> $<TARGET_FILE:zv_host_core>
         "LINKER:--no-whole-archive")
 endfunction()

@@ -37,8 +37,12 @@ void SpanTable::PackSpan(Span& span, const BezierChannel* const* channels, size_
         const BezierChannel::Segment& segment = channels[i]->Segments()[k];
         // The same times give the same inverse; a channel without a cubic here has 0.
         if (!(segment.invDuration > 0.0f)) span.invDuration = 0.0f;
-        for (int n = 0; n < 4; ++n)
-            (i == kLast ? span.last[n] : span.c[n][i / 4][i % 4]) = segment.c[n];
+        for (int n = 0; n < 4; ++n) {
+            if (i == kLast)
+                span.last[n] = segment.c[n];
+            else
+                span.c[n][i / 4][i % 4] = segment.c[n];
+        }
     }
 }
 

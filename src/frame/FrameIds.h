@@ -82,6 +82,9 @@ inline constexpr Class_ID IKFK_DISPLAY_MOD_CLASS_ID(0x45596d58, 0x3397fdc);
 inline constexpr Class_ID ANIM_LAYERS_LOCAL_WEIGHTS_CLASS_ID(0x45596d56, 0x1e847b68);
 inline constexpr Class_ID ROTATION_XYZ_CLASS_ID(0x45596d56, 0x1e847b74);
 
+// The script global Zorvanta, a core interface of the host.
+inline constexpr host::Interface_ID ZORVANTA_INTERFACE_ID(0x45596d56, 0x1e847c00);
+
 // Strings of the string table.
 inline constexpr int IDS_SELECT_OBJECT = 99;
 inline constexpr int IDS_PARAMETER_CHANGE = 101;

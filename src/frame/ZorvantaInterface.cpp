@@ -1,0 +1,84 @@
+#include "frame/ZorvantaInterface.h"
+
+#include "frame/FrameIds.h"
+#include "host/object/INode.h"
+#include "host/object/Interface.h"
+
+namespace zorvanta {
+
+using namespace host;
+
+namespace {
+
+template <typename T>
+T* Found(T* (*finder)()) {
+    return finder ? finder() : nullptr;
+}
+
+}  // namespace
+
+// Never destroyed: the host's list of core interfaces may go first at process end, and
+// the library stays loaded while the host runs.
+ZorvantaInterface& ZorvantaInterface::Get() {
+    static ZorvantaInterface* const instance = new ZorvantaInterface;
+    return *instance;
+}
+
+// Registered while the library loads, as the host's static interfaces are.
+[[maybe_unused]] static ZorvantaInterface& registered = ZorvantaInterface::Get();
+
+ZorvantaInterface::ZorvantaInterface() {
+    RegisterCoreInterface(this);
+}
+
+const FPInterfaceDesc* ZorvantaInterface::GetDesc() {
+    static const FPInterfaceDesc desc(
+        ZORVANTA_INTERFACE_ID, L"Zorvanta", FP_CORE,
+        {
+            {kGetUIPanelHolder, L"GetUIPanelHolder", TYPE_REFTARG, {}},
+            {kGetPoseKitHolder, L"GetPoseKitHolder", TYPE_REFTARG, {}},
+            {kAbout, L"About", TYPE_VOID, {}},
+        },
+        {
+            {L"activeUIPanel", kGetActiveUIPanel, FP_NO_FUNCTION, TYPE_INODE},
+            {L"activePoseKit", kGetActivePoseKit, FP_NO_FUNCTION, TYPE_INODE},
+            {L"uiPanelTransforming", kGetUIPanelTransforming, FP_NO_FUNCTION, TYPE_BOOL},
+            {L"currentUIAction", kGetCurrentUIAction, FP_NO_FUNCTION, TYPE_REFTARG},
+        });
+    return &desc;
+}
+
+FPStatus ZorvantaInterface::_dispatch_fn(FunctionID fid, TimeValue, FPValue& result, FPParams*) {
+    switch (fid) {
+        case kGetActiveUIPanel:
+            result.Load(TYPE_INODE, static_cast<Animatable*>(Found(finders.activeUIPanel)));
+            return FPS_OK;
+        case kGetActivePoseKit:
+            result.Load(TYPE_INODE, static_cast<Animatable*>(Found(finders.activePoseKit)));
+            return FPS_OK;
+        case kGetUIPanelTransforming:
+            result.Load(TYPE_BOOL, uiPanelTransforming ? 1 : 0);
+            return FPS_OK;
+        case kGetCurrentUIAction:
+            result.Load(TYPE_REFTARG, static_cast<Animatable*>(currentUIAction));
+            return FPS_OK;
+        case kGetUIPanelHolder:
+            result.Load(TYPE_REFTARG, static_cast<Animatable*>(Found(finders.uiPanelHolder)));
+            return FPS_OK;
+        case kGetPoseKitHolder:
+            result.Load(TYPE_REFTARG, static_cast<Animatable*>(Found(finders.poseKitHolder)));
+            return FPS_OK;
+        case kAbout:
+            About();
+            result.Init();
+            return FPS_OK;
+    }
+    return FPS_NO_SUCH_FUNCTION;
+}
+
+void ZorvantaInterface::About() {
+    GetCOREInterface()->GetDialogService().MessageBox(
+        WStr(L"Zorvanta\nCharacter rigging and animation toolkit"), WStr(L"About Zorvanta"));
+}
+
+}  // namespace zorvanta
