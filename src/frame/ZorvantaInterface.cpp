@@ -15,6 +15,11 @@ T* Found(T* (*finder)()) {
     return finder ? finder() : nullptr;
 }
 
+FPStatus Answer(FPValue& result, ParamType2 type, Animatable* value) {
+    result.Load(type, value);
+    return FPS_OK;
+}
+
 }  // namespace
 
 // Never destroyed: the host's list of core interfaces may go first at process end, and
@@ -51,22 +56,17 @@ const FPInterfaceDesc* ZorvantaInterface::GetDesc() {
 FPStatus ZorvantaInterface::_dispatch_fn(FunctionID fid, TimeValue, FPValue& result, FPParams*) {
     switch (fid) {
         case kGetActiveUIPanel:
-            result.Load(TYPE_INODE, static_cast<Animatable*>(Found(finders.activeUIPanel)));
-            return FPS_OK;
+            return Answer(result, TYPE_INODE, Found(finders.activeUIPanel));
         case kGetActivePoseKit:
-            result.Load(TYPE_INODE, static_cast<Animatable*>(Found(finders.activePoseKit)));
-            return FPS_OK;
+            return Answer(result, TYPE_INODE, Found(finders.activePoseKit));
+        case kGetCurrentUIAction:
+            return Answer(result, TYPE_REFTARG, currentUIAction);
+        case kGetUIPanelHolder:
+            return Answer(result, TYPE_REFTARG, Found(finders.uiPanelHolder));
+        case kGetPoseKitHolder:
+            return Answer(result, TYPE_REFTARG, Found(finders.poseKitHolder));
         case kGetUIPanelTransforming:
             result.Load(TYPE_BOOL, uiPanelTransforming ? 1 : 0);
-            return FPS_OK;
-        case kGetCurrentUIAction:
-            result.Load(TYPE_REFTARG, static_cast<Animatable*>(currentUIAction));
-            return FPS_OK;
-        case kGetUIPanelHolder:
-            result.Load(TYPE_REFTARG, static_cast<Animatable*>(Found(finders.uiPanelHolder)));
-            return FPS_OK;
-        case kGetPoseKitHolder:
-            result.Load(TYPE_REFTARG, static_cast<Animatable*>(Found(finders.poseKitHolder)));
             return FPS_OK;
         case kAbout:
             About();
