@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The main job: install what is missing, build the release tool, and run it: it lists the
-# sample scene and draws it at three frames of its animation into build/release/frames.
+# The main job: install what is missing, build the release tool, and run it: a script
+# builds a character of joints and keys a walk, the tool lists the saved scene and
+# draws frames of the walk (and of the sample scene) into build/release/frames.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 bash scripts/setup.sh
@@ -9,9 +10,16 @@ cmake --build --preset release
 tool=build/release/apps/zorvanta/zorvanta
 "$tool" --version
 "$tool" --help
+mkdir -p build/release/frames
+walk=build/release/frames/walk.tnx
+"$tool" run examples/walk.trx --save "$walk"
+"$tool" info "$walk"
+for frame in 0 8 15 23 30; do
+    "$tool" render "$walk" --frame "$frame" --view front --size 960x540 --grid \
+        --out "build/release/frames/walk_$frame.png"
+done
 scene=tests/data/sample_scene.tnx
 "$tool" info "$scene"
-mkdir -p build/release/frames
 for frame in 0 5 10; do
     "$tool" render "$scene" --frame "$frame" --view persp --size 960x540 --grid \
         --out "build/release/frames/sample_$frame.png"
