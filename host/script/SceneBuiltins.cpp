@@ -1,6 +1,7 @@
 #include "host/script/SceneBuiltins.h"
 
 #include "host/object/ClassRegistry.h"
+#include "host/object/Hold.h"
 #include "host/object/Interface.h"
 #include "host/object/Object.h"
 #include "host/script/Callable.h"
@@ -159,6 +160,21 @@ Value FbxImporterSetParam(CallArgs& args) {
     return Value::Ok();
 }
 
+// The host's undo from scripts, between undo contexts: inside one the hold is open and
+// the steps are not yet entries.
+Value HoldStep(CallArgs& args, const wchar_t* name, bool (Hold::*step)()) {
+    args.CheckCount(name, 0);
+    if (theHold.Holding())
+        throw RuntimeError(WStr(std::wstring(name) + L" cannot run inside an undo context"));
+    return Value::Bool((theHold.*step)());
+}
+Value HoldUndo(CallArgs& args) {
+    return HoldStep(args, L"theHold.Undo", &Hold::Undo);
+}
+Value HoldRedo(CallArgs& args) {
+    return HoldStep(args, L"theHold.Redo", &Hold::Redo);
+}
+
 constexpr BuiltinFunction kSceneBuiltins[] = {
     {L"getsubanim", GetSubAnim},
     {L"isvalidnode", IsValidNode},
@@ -194,6 +210,12 @@ Value SceneVariable(const std::wstring& name) {
     if (name == L"animationrange")
         return MakePoint2(float(Frame(ip->GetAnimRange().Start())),
                           float(Frame(ip->GetAnimRange().End())));
+    if (name == L"thehold")
+        return MakeHeap<StructValue>(
+            Tag::Class, L"theHold",
+            std::vector<std::pair<std::wstring, Value>>{
+                {L"undo", MakeHeap<PrimitiveObject>(Tag::Primitive, L"Undo", HoldUndo)},
+                {L"redo", MakeHeap<PrimitiveObject>(Tag::Primitive, L"Redo", HoldRedo)}});
     if (name == L"tarnixops")
         return MakeHeap<StructValue>(
             Tag::Class, L"tarnixOps",

@@ -8,6 +8,7 @@
 #include "host/script/ScriptError.h"
 #include "host/script/TarnixControl.h"
 #include "host/script/ValueObjects.h"
+#include "host/script/ValueText.h"
 
 namespace host::script {
 
@@ -65,6 +66,7 @@ bool TarnixSubAnim::GetProperty(Interpreter& in, const std::wstring& name, Value
 }
 
 bool TarnixSubAnim::SetProperty(Interpreter& in, const std::wstring& name, const Value& v) {
+    if (name == L"controller") return AssignController(v);
     if (name != L"value") return false;
     Animatable* parent = Parent();
     if (auto* control = dynamic_cast<Control*>(parent->SubAnim(index_))) {
@@ -74,6 +76,16 @@ bool TarnixSubAnim::SetProperty(Interpreter& in, const std::wstring& name, const
     const wchar_t* param = BlockParamName(parent, index_);
     if (!param) throw RuntimeError(L"This sub-anim has no value to set");
     return SetParam(parent, param, in.CurrentTime(), v);
+}
+
+// Puts the controller v in the track, as the parent allows (a float controller in a
+// float track, say); undoable through the parent's reference.
+bool TarnixSubAnim::AssignController(const Value& v) {
+    Animatable* parent = Parent();
+    auto* control = dynamic_cast<Control*>(AnimatableOf(v));
+    if (!control || !parent->AssignController(control, index_))
+        throw RuntimeError(WStr(L"Cannot assign " + PrintText(v) + L" to " + Text()));
+    return true;
 }
 
 bool TarnixSubAnim::Equals(const ObjectValue& other) const {

@@ -25,6 +25,7 @@ public:
 
 private:
     Animatable* Parent() const;
+    bool AssignController(const Value& v);
 
     Value parent_;  // the owner's node, controller or reference-target value
     int index_;
