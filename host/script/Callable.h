@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/script/CycleCollector.h"
 #include "host/script/Value.h"
 
 namespace host::script {
@@ -18,8 +19,9 @@ class FunctionNode;
 
 // A script function: its definition, the script that holds it, and the cells of the
 // enclosing functions' locals it uses.
-class FunctionObject : public HeapObject {
+class FunctionObject : public ContainerObject {
 public:
+    std::span<Value> Children() override { return cells; }
     std::shared_ptr<const Program> program;
     const FunctionNode* def = nullptr;
     std::vector<Value> cells;

@@ -26,6 +26,10 @@ public:
     Slot& operator[](int i) { return slots_[size_t(i)]; }
     const Slot& operator[](int i) const { return slots_[size_t(i)]; }
     void Define(const std::wstring& name, Value v);
+    // Lets go of every value, keeping the slots (an interpreter that ends).
+    void ReleaseValues() {
+        for (Slot& slot : slots_) slot.value = Value();
+    }
 
 private:
     std::unordered_map<std::wstring, int> index_;

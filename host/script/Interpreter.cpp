@@ -2,6 +2,7 @@
 
 #include "host/object/Interface.h"
 #include "host/script/CoreBuiltins.h"
+#include "host/script/CycleCollector.h"
 #include "host/script/Parser.h"
 #include "host/script/Program.h"
 #include "host/script/SceneBuiltins.h"
@@ -42,6 +43,8 @@ Interpreter::~Interpreter() {
     // Functions in globals may hold cells that point back at globals' values; clearing
     // the values first lets every count reach zero.
     PopTo(stack_.get());
+    globals_.ReleaseValues();
+    if (activeRuns_ == 0) CycleCollector::Collect();
 }
 
 void Interpreter::DefinePrimitive(const std::wstring& name, PrimitiveFn fn) {
@@ -109,8 +112,12 @@ bool Interpreter::Run(std::wstring_view text, Value& result, ScriptFailure& fail
         steps_ = 0;
         stackBase_ = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
     }
+    ++activeRuns_;
     result = RunProgram(*program);
     --running_;
+    // Loops of containers that the run left behind go once no script of any interpreter
+    // is running (a built-in may run a script of another).
+    if (--activeRuns_ == 0) CycleCollector::Collect();
     if (signal == Signal::None) return true;
     failure = error;
     signal = Signal::None;

@@ -124,7 +124,8 @@ private:
 
     Globals globals_;
     uintptr_t stackBase_ = 0;
-    int running_ = 0;  // nested runs of this interpreter
+    int running_ = 0;                   // nested runs of this interpreter
+    static inline int activeRuns_ = 0;  // runs of every interpreter under way
     std::unique_ptr<Value[]> stack_;
     Value* stackEnd_ = nullptr;
     Value* top_ = nullptr;    // first free slot; every slot from here up is undefined

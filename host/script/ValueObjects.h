@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/math/Point3.h"
+#include "host/script/CycleCollector.h"
 #include "host/script/Value.h"
 
 namespace host::script {
@@ -25,17 +26,19 @@ public:
 
 // An array: shared by every value that holds it, so that a change through one is seen
 // through all, and indexed from 1 in scripts.
-class ArrayObject : public HeapObject {
+class ArrayObject : public ContainerObject {
 public:
     ArrayObject() = default;
     explicit ArrayObject(std::vector<Value> v) : items(std::move(v)) {}
+    std::span<Value> Children() override { return items; }
     std::vector<Value> items;
 };
 
 // The box of a local that an inner function uses: the frame slot and the function's
 // closure share it.
-class CellObject : public HeapObject {
+class CellObject : public ContainerObject {
 public:
+    std::span<Value> Children() override { return {&value, 1}; }
     Value value;
 };
 

@@ -3,6 +3,7 @@
 #include "host/object/Animate.h"
 #include "host/object/Hold.h"
 #include "host/object/Interface.h"
+#include "host/script/CycleCollector.h"
 #include "host/script/ExecuteScript.h"
 #include "host/script/Interpreter.h"
 #include "host/script/ScriptError.h"
@@ -168,6 +169,21 @@ TEST(ExecuteTarnixScriptScript, GivesTheLastValueAndReportsFailures) {
     EXPECT_FALSE(ExecuteTarnixScriptScript(L"1 / 0", false, nullptr));
     EXPECT_EQ(GetCOREInterface()->ListenerText(),
               WStr(L"-- Runtime error: Divide by zero (line 1, column 3)\n"));
+}
+
+// Loops of values that only loops hold go when a run ends: an array holding itself, two
+// arrays holding each other, a local function calling itself through its cell. A loop
+// that a variable holds stays whole and usable. Leak detection checks the rest.
+TEST_F(InterpreterTest, LoopsOfValuesGoWhenNothingElseHoldsThem) {
+    const size_t before = CycleCollector::Count();
+    Run(L"fn loops = (local a = #(), b = #(a); append a a; append a b\n"
+        L"  fn countDown n = if n < 1 then 0 else countDown (n - 1)\n  countDown 3)\n"
+        L"for i = 1 to 20 do loops()");
+    EXPECT_EQ(CycleCollector::Count(), before + 1) << "only the global function stays";
+    Run(L"kept = #(1); append kept kept");
+    EXPECT_EQ(Run(L"kept[2][2][1]").AsInteger(), 1);
+    Run(L"kept = undefined");
+    EXPECT_EQ(CycleCollector::Count(), before + 1);
 }
 
 }  // namespace
