@@ -21,13 +21,13 @@ case "$target" in
         cp tests/data/sample_scene.tnx "$corpus/"
         build/fuzz/tests/fuzz/make_fuzz_seeds "$corpus"
         fuzzer=scene_reader_fuzz dict=tests/fuzz/scene.dict findings=build/fuzz/findings
-        leaks=1 what="the scene reader"
+        what="the scene reader"
         ;;
     script)
         cmake --build --preset fuzz --target script_fuzz
         cp tests/host/script/conformance/*.trx tests/apps/scripts/*.trx "$corpus/"
         fuzzer=script_fuzz dict=tests/fuzz/script.dict findings=build/fuzz/findings-script
-        leaks=1 what="the script interpreter"
+        what="the script interpreter"
         ;;
     *)
         echo "fuzz: unknown target '$target' (scene or script)" >&2
@@ -40,7 +40,7 @@ mkdir -p "$findings"
 # whatever was found, or the final figures.
 log="$findings/fuzz.log"
 status=0
-ASAN_OPTIONS=detect_leaks=$leaks "build/fuzz/tests/fuzz/$fuzzer" \
+ASAN_OPTIONS=detect_leaks=1 "build/fuzz/tests/fuzz/$fuzzer" \
     -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
     -dict="$dict" -artifact_prefix="$findings/" "$corpus" >"$log" 2>&1 || status=$?
 if ((status != 0)); then
