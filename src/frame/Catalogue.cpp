@@ -129,6 +129,7 @@ CatalogueClassDesc* CatalogueDesc(unsigned int i) {
         std::vector<CatalogueClassDesc> all;
         all.reserve(std::size(kCatalogue));
         for (const CatalogueRow& row : kCatalogue) all.emplace_back(row);
+        for (CatalogueClassDesc& desc : all) desc.Describe();
         return all;
     }();
     return i < descriptors.size() ? &descriptors[i] : nullptr;

@@ -15,6 +15,9 @@ struct CatalogueRow {
     const wchar_t* internalName;
     // Makes an instance; null for a class this library does not build yet.
     host::Animatable* (*create)(bool loading);
+    // Defines the class's parameter blocks for its descriptor, once, before any
+    // instance is made or read; null for a class without blocks.
+    void (*describe)(host::ClassDesc2* desc) = nullptr;
 };
 
 // The descriptor of one catalogue row. Create answers null for a class not built yet,
@@ -22,6 +25,11 @@ struct CatalogueRow {
 class CatalogueClassDesc : public host::ClassDesc2 {
 public:
     explicit CatalogueClassDesc(const CatalogueRow& row) : row_(row) {}
+    // Gives the class its parameter block definitions; the descriptor must stay where
+    // it is from then on, since the definitions point at it.
+    void Describe() {
+        if (row_.describe) row_.describe(this);
+    }
     int IsPublic() override { return row_.isPublic ? 1 : 0; }
     host::Animatable* Create(bool loading = false) override;
     // From the string table's one buffer, which the next lookup overwrites.

@@ -32,10 +32,13 @@ protected:
         host::ClassRegistry::Instance().Register(&step);
     }
 
-    // A second registration of a class is refused, and changes nothing.
+    // A second registration of a class is refused, and changes nothing. A class with
+    // parameter blocks defines them for the descriptor it is registered with, as the
+    // catalogue has it do.
     template <class T>
     static void Register(const wchar_t* name) {
         static host::HostClassDesc<T> desc(name, name, T::kSuperClassId, T::kClassId);
+        if constexpr (requires { T::DescribeBlocks(&desc); }) T::DescribeBlocks(&desc);
         host::ClassRegistry::Instance().Register(&desc);
     }
 };
