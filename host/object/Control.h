@@ -13,7 +13,9 @@
 
 namespace host {
 
+class INode;
 class RemapDir;
+class ViewExp;
 
 // How a value is read or written.
 enum GetSetMethod : int {
@@ -86,6 +88,14 @@ public:
 
     // Takes the keys or value of another controller of the same type.
     virtual void Copy(Control*) {}
+    // A matrix controller's node moves from a parent at oldP to one at newP keeping its
+    // world transform tm; false leaves it to the node, which then sets tm itself.
+    virtual bool ChangeParents(TimeValue, const Matrix3&, const Matrix3&, const Matrix3&) {
+        return false;
+    }
+    // A transform controller's own drawing in a view, after its node's object; the
+    // result is non-zero when it drew.
+    virtual int Display(TimeValue, INode*, ViewExp*, int) { return 0; }
     // What a subclass's Clone calls for the part every controller shares: dest takes
     // this controller's out-of-range types (which a controller without keys ignores).
     // The subclass copies its own state and calls BaseClone itself.

@@ -57,8 +57,11 @@ bool INode::AttachChild(INode* child, bool keepTM) {
         if (n == child) return false;
     const TimeValue t = GetCOREInterface()->GetTime();
     const Matrix3 world = keepTM ? child->GetNodeTM(t) : Matrix3();
+    const Matrix3 oldParent = keepTM ? child->GetParentTM(t) : Matrix3();
     Relink(child, this);
-    if (keepTM) child->SetNodeTM(t, world);
+    if (!keepTM) return true;
+    Control* tmc = child->GetTMController();
+    if (!tmc || !tmc->ChangeParents(t, oldParent, GetNodeTM(t), world)) child->SetNodeTM(t, world);
     return true;
 }
 

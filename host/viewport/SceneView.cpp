@@ -5,6 +5,7 @@
 #include "host/object/INode.h"
 #include "host/object/Interface.h"
 #include "host/object/Object.h"
+#include "host/object/Control.h"
 #include "host/object/ObjectDisplay.h"
 #include "host/viewport/Viewport.h"
 
@@ -89,8 +90,10 @@ void DrawScene(Interface& ip, Viewport& view, TimeValue t, bool grid) {
     gw->setColor(CLEAR_COLOR, GetUIColor(COLOR_VIEWPORT_BKG));
     gw->clearScreen();
     if (grid) DrawGrid(view);
-    ForEachShown(ip.GetRootNode(), t,
-                 [&](INode* node, Object* object) { object->Display(t, node, &view, 0); });
+    ForEachShown(ip.GetRootNode(), t, [&](INode* node, Object* object) {
+        object->Display(t, node, &view, 0);
+        if (Control* tmc = node->GetTMController()) tmc->Display(t, node, &view, 0);
+    });
 }
 
 INode* HitTestScene(Interface& ip, Viewport& view, TimeValue t, IPoint2 p) {

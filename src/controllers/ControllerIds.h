@@ -9,4 +9,7 @@ namespace zorvanta {
 inline constexpr uint16_t STATIC_VALUE_CHUNK = 0;
 inline constexpr uint16_t STATIC_LOCKED_CHUNK = 1;
 
+// The rig control: its locked flag, one byte.
+inline constexpr uint16_t RIG_CONTROL_LOCKED_CHUNK = 0;
+
 }  // namespace zorvanta

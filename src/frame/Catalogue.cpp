@@ -7,6 +7,7 @@
 
 #include "controllers/DummyFloat.h"
 #include "controllers/DummyRotation.h"
+#include "controllers/RigControl.h"
 #include "controllers/StaticFloat.h"
 #include "controllers/StaticPosition.h"
 #include "controllers/StaticRotation.h"
@@ -76,7 +77,7 @@ const CatalogueRow kCatalogue[] = {
     {L"LinkAttrib", true, CUST_ATTRIB_CLASS_ID, LINK_ATTRIB_CLASS_ID, IDS_LINK_ATTRIB_CLASS, L"", L"LinkAttrib", nullptr},
     {L"FloatOperation", true, CTRL_FLOAT_CLASS_ID, FLOAT_OPERATION_CLASS_ID, IDS_FLOAT_OPERATION_CLASS, L"Animation", L"FloatOperation", nullptr},
     {L"FloatWave", true, CTRL_FLOAT_CLASS_ID, FLOAT_WAVE_CLASS_ID, IDS_FLOAT_WAVE_CLASS, L"Animation", L"FloatWave", nullptr},
-    {L"RigControl", true, CTRL_MATRIX3_CLASS_ID, RIG_CONTROL_CLASS_ID, IDS_RIG_CONTROL_CLASS, L"Animation", L"RigTransform", nullptr},
+    {L"RigControl", true, CTRL_MATRIX3_CLASS_ID, RIG_CONTROL_CLASS_ID, IDS_RIG_CONTROL_CLASS, L"Animation", L"RigTransform", &Make<RigControl>, &RigControl::DescribeBlocks},
     {L"PositionConnection", true, CTRL_POSITION_CLASS_ID, POSITION_CONNECTION_CLASS_ID, IDS_POSITION_CONNECTION_CLASS, L"Animation", L"PositionConnection", nullptr},
     {L"RotationConnection", true, CTRL_ROTATION_CLASS_ID, ROTATION_CONNECTION_CLASS_ID, IDS_ROTATION_CONNECTION_CLASS, L"Animation", L"RotationConnection", nullptr},
     {L"ScaleConnection", true, CTRL_SCALE_CLASS_ID, SCALE_CONNECTION_CLASS_ID, IDS_SCALE_CONNECTION_CLASS, L"Animation", L"ScaleConnection", nullptr},

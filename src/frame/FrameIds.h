@@ -178,6 +178,17 @@ inline constexpr int IDS_IKFK_DISPLAY_MOD_CLASS = 2065;
 inline constexpr int IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS = 2066;
 inline constexpr int IDS_ROTATION_XYZ_CLASS = 2067;
 
+// The rig control's labels and texts.
+inline constexpr int IDS_OFFSET_TM = 3100;
+inline constexpr int IDS_INDEPENDENT_OFFSET = 3101;
+inline constexpr int IDS_STRAIGHT_SCALE = 3102;
+inline constexpr int IDS_CONNECT_MIRROR_OFFSET = 3103;
+inline constexpr int IDS_FIGURE_MODE_ON = 3104;
+inline constexpr int IDS_TRANSFORM = 3105;
+inline constexpr int IDS_OFFSET_TRANSFORM = 3106;
+inline constexpr int IDS_PARENT_ROT = 3107;
+inline constexpr int IDS_EULER_ROT = 3108;
+
 // The track-bar key filters registered at start-up.
 inline constexpr Class_ID LAYER_KEY_FILTER_ID(0x683a39cc, 0x8b57c48e);
 inline constexpr Class_ID ROTATION_KEY_FILTER_ID(0x333e373f, 0x2f4c4168);

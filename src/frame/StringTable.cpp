@@ -108,6 +108,15 @@ constexpr StringEntry kStrings[] = {
     {IDS_IKFK_DISPLAY_MOD_CLASS, L"IKFK Display"},
     {IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS, L"Animation Layers Local Weights"},
     {IDS_ROTATION_XYZ_CLASS, L"Rotation XYZ"},
+    {IDS_OFFSET_TM, L"Offset TM"},
+    {IDS_INDEPENDENT_OFFSET, L"Independent Offset"},
+    {IDS_STRAIGHT_SCALE, L"Straight Scale"},
+    {IDS_CONNECT_MIRROR_OFFSET, L"Connect Mirror Offset"},
+    {IDS_FIGURE_MODE_ON, L"FIGURE MODE ON"},
+    {IDS_TRANSFORM, L"Transform"},
+    {IDS_OFFSET_TRANSFORM, L"Offset Transform"},
+    {IDS_PARENT_ROT, L"Parent Rot"},
+    {IDS_EULER_ROT, L"Euler Rot"},
 };
 
 constexpr bool SortedById() {

@@ -244,7 +244,7 @@ TEST_F(Plugin, EveryCreatableClassSavesLoadsAndClones) {
         EXPECT_EQ(Reading(loaded), keepsNothing ? start : value);
         for (Control* c : {control, clone, loaded}) c->DeleteMe();
     }
-    EXPECT_EQ(made, 8);
+    EXPECT_EQ(made, 9);
 }
 
 TEST_F(Plugin, KeyFiltersAreRegisteredAtStartUp) {
