@@ -108,6 +108,11 @@ constexpr StringEntry kStrings[] = {
     {IDS_IKFK_DISPLAY_MOD_CLASS, L"IKFK Display"},
     {IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS, L"Animation Layers Local Weights"},
     {IDS_ROTATION_XYZ_CLASS, L"Rotation XYZ"},
+    {IDS_CHANGE_EULER_ORDER, L"Change Euler Order"},
+    {IDS_TARGET, L"Target"},
+    {IDS_WEIGHT, L"Weight"},
+    {IDS_KEEP_INITIAL_OFFSET, L"Keep Initial Offset"},
+    {IDS_INITIAL_OFFSET, L"Initial Offset"},
 };
 
 constexpr bool SortedById() {
