@@ -20,6 +20,10 @@ class IParamBlock2;
 class AnimEnum;
 using BlockID = int16_t;
 
+// BeginEditParams and EndEditParams flags: which command panel the rollups go to.
+inline constexpr uint32_t BEGIN_EDIT_CREATE = 1u << 0;
+inline constexpr uint32_t BEGIN_EDIT_MOTION = 1u << 1;
+
 // The root of the object model: identity, sub-anims, interfaces and the flag word.
 class Animatable {
 public:

@@ -6,6 +6,7 @@
 #include "controllers/ControllerIds.h"
 #include "controllers/GimbalProxy.h"
 #include "controllers/RigWalkers.h"
+#include "controllers/RotationXYZ.h"
 #include "frame/StringTable.h"
 #include "host/math/AffineParts.h"
 #include "host/math/Euler.h"
@@ -149,8 +150,7 @@ RigControl::RigControl(bool loading) : offset_(new Offset) {
     if (loading) return;
     ReplaceReference(kParams, new IParamBlock2(Params(), this));
     ReplaceReference(kPosition, NewDefaultPositionController());
-    ReplaceReference(kRotation, static_cast<Control*>(
-                                    CreateInstance(CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID)));
+    ReplaceReference(kRotation, new RotationXYZ(false));
     ReplaceReference(kScale, NewDefaultScaleController());
 }
 

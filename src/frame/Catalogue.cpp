@@ -8,6 +8,8 @@
 #include "controllers/DummyFloat.h"
 #include "controllers/DummyRotation.h"
 #include "controllers/RigControl.h"
+#include "controllers/RotationSpace.h"
+#include "controllers/RotationXYZ.h"
 #include "controllers/StaticFloat.h"
 #include "controllers/StaticPosition.h"
 #include "controllers/StaticRotation.h"
@@ -67,7 +69,7 @@ const CatalogueRow kCatalogue[] = {
     {L"IKFKControl", false, CTRL_MATRIX3_CLASS_ID, IKFK_CONTROL_CLASS_ID, IDS_IKFK_CONTROL_CLASS, L"Animation", L"IKFKControl", nullptr},
     {L"IKFKLink", false, CTRL_FLOAT_CLASS_ID, IKFK_LINK_CLASS_ID, IDS_IKFK_LINK_CLASS, L"Animation", L"IKFKLink", nullptr},
     {L"ParentConstraint", true, CTRL_MATRIX3_CLASS_ID, PARENT_CONSTRAINT_CLASS_ID, IDS_PARENT_CONSTRAINT_CLASS, L"Animation", L"ParentConstraint", nullptr},
-    {L"RotationSpace", true, CTRL_MATRIX3_CLASS_ID, ROTATION_SPACE_CLASS_ID, IDS_ROTATION_SPACE_CLASS, L"Animation", L"RotationSpace", nullptr},
+    {L"RotationSpace", true, CTRL_MATRIX3_CLASS_ID, ROTATION_SPACE_CLASS_ID, IDS_ROTATION_SPACE_CLASS, L"Animation", L"RotationSpace", &Make<RotationSpace>, &RotationSpace::DescribeBlocks},
     {L"PoseKit", true, HELPER_CLASS_ID, POSE_KIT_CLASS_ID, IDS_POSE_KIT_CLASS, L"", L"PoseKit", nullptr},
     {L"PoseKitHolder", false, CTRL_FLOAT_CLASS_ID, POSE_KIT_HOLDER_CLASS_ID, IDS_POSE_KIT_HOLDER_CLASS, L"Animation", L"PoseKitHolder", nullptr},
     {L"LimbAttrib", true, CUST_ATTRIB_CLASS_ID, LIMB_ATTRIB_CLASS_ID, IDS_LIMB_ATTRIB_CLASS, L"", L"LimbAttrib", nullptr},
@@ -100,7 +102,7 @@ const CatalogueRow kCatalogue[] = {
     {L"ControlShape", true, SHAPE_CLASS_ID, CONTROL_SHAPE_CLASS_ID, IDS_CONTROL_SHAPE_CLASS, L"Splines", L"ControlShape", nullptr},
     {L"IKFKDisplayMod", true, OSM_CLASS_ID, IKFK_DISPLAY_MOD_CLASS_ID, IDS_IKFK_DISPLAY_MOD_CLASS, L"", L"IKFKDisplayMod", nullptr},
     {L"AnimLayersLocalWeights", false, REF_TARGET_CLASS_ID, ANIM_LAYERS_LOCAL_WEIGHTS_CLASS_ID, IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS, L"Animation", L"AnimLayersLocalWeights", nullptr},
-    {L"RotationXYZ", true, CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID, IDS_ROTATION_XYZ_CLASS, L"Animation", L"Rotation XYZ", nullptr},
+    {L"RotationXYZ", true, CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID, IDS_ROTATION_XYZ_CLASS, L"Animation", L"Rotation XYZ", &Make<RotationXYZ>},
 };
 // clang-format on
 

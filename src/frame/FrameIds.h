@@ -177,6 +177,11 @@ inline constexpr int IDS_CONTROL_SHAPE_CLASS = 2064;
 inline constexpr int IDS_IKFK_DISPLAY_MOD_CLASS = 2065;
 inline constexpr int IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS = 2066;
 inline constexpr int IDS_ROTATION_XYZ_CLASS = 2067;
+inline constexpr int IDS_CHANGE_EULER_ORDER = 2300;
+inline constexpr int IDS_TARGET = 2301;
+inline constexpr int IDS_WEIGHT = 2302;
+inline constexpr int IDS_KEEP_INITIAL_OFFSET = 2303;
+inline constexpr int IDS_INITIAL_OFFSET = 2304;
 
 // The rig control's labels and texts.
 inline constexpr int IDS_OFFSET_TM = 3100;

@@ -1,4 +1,5 @@
 // The track-bar key filters the library registers when the host has started.
+#include "controllers/RotationXYZ.h"
 #include "frame/FrameIds.h"
 #include "frame/StringTable.h"
 #include "host/object/Notifications.h"
@@ -17,10 +18,12 @@ bool LayerKeyFilter(Animatable*, Animatable*, int, Animatable*, INode*) {
     return true;
 }
 
-// The keys of the Euler rotation controller's own tracks. That controller is not built
-// yet, so no track is one of them and every track keeps its keys.
-bool RotationKeyFilter(Animatable*, Animatable*, int, Animatable*, INode*) {
-    return true;
+// Drops the X, Y and Z tracks of an Euler rotation controller. The controller's keys
+// are the merged key times of those tracks and show on the track bar through the
+// controller itself, once; the tracks shown as well would list every rotation key again.
+// Everything else keeps its keys.
+bool RotationKeyFilter(Animatable*, Animatable* parent, int, Animatable*, INode*) {
+    return dynamic_cast<RotationXYZ*>(parent) == nullptr;
 }
 
 TrackBarFilterManager* FilterManager() {

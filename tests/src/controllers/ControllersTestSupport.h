@@ -4,6 +4,8 @@
 
 #include "controllers/DummyFloat.h"
 #include "controllers/DummyRotation.h"
+#include "controllers/RotationSpace.h"
+#include "controllers/RotationXYZ.h"
 #include "controllers/StaticFloat.h"
 #include "controllers/StaticPosition.h"
 #include "controllers/StaticRotation.h"
@@ -27,6 +29,8 @@ protected:
         Register<StaticRotation>(L"StaticRotation");
         Register<StaticScale>(L"StaticScale");
         Register<StaticTransform>(L"StaticTransform");
+        Register<RotationXYZ>(L"Rotation XYZ");
+        Register<RotationSpace>(L"RotationSpace");
         static host::HostClassDesc<StepFloat> step(L"StepFloat", L"StepFloat",
                                                    host::CTRL_FLOAT_CLASS_ID, STEP_FLOAT_CLASS_ID);
         host::ClassRegistry::Instance().Register(&step);

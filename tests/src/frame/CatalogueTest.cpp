@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cwchar>
 #include <fstream>
 #include <set>
@@ -12,6 +13,8 @@
 #include "host/io/ChunkWriter.h"
 #include "host/io/CloneRemapDir.h"
 #include "host/object/Control.h"
+#include "host/object/INode.h"
+#include "host/object/Interface.h"
 #include "host/object/PluginLoader.h"
 #include "host/object/TrackBarFilterManager.h"
 #include "tests/host/io/SaveLoadTestSupport.h"
@@ -244,7 +247,7 @@ TEST_F(Plugin, EveryCreatableClassSavesLoadsAndClones) {
         EXPECT_EQ(Reading(loaded), keepsNothing ? start : value);
         for (Control* c : {control, clone, loaded}) c->DeleteMe();
     }
-    EXPECT_EQ(made, 9);
+    EXPECT_EQ(made, 11);
 }
 
 TEST_F(Plugin, KeyFiltersAreRegisteredAtStartUp) {
@@ -260,6 +263,28 @@ TEST_F(Plugin, KeyFiltersAreRegisteredAtStartUp) {
     EXPECT_EQ(manager->GetFilter(rotation).name, WStr());
     EXPECT_TRUE(manager->GetFilter(rotation).active);
     EXPECT_FALSE(manager->GetFilter(rotation).stopTraversal);
+}
+
+// The rotation filter shows an Euler rotation controller's keys once, through the
+// controller: its X, Y and Z tracks drop out; the tracks of other controllers stay.
+TEST_F(Plugin, RotationFilterDropsTheEulerControllersOwnTracks) {
+    TrackBarFilterManager& manager = TrackBarFilterManager::Instance();
+    Interface* ip = GetCOREInterface();
+    INode* node = ip->CreateObjectNode(nullptr);
+    Control* prs = node->GetTMController();
+    auto shown = [&](Animatable* track) {
+        const std::vector<Animatable*> tracks = manager.FilteredTracks(node);
+        return std::find(tracks.begin(), tracks.end(), track) != tracks.end();
+    };
+    EXPECT_TRUE(shown(prs->GetRotationController()->GetXController()));
+    auto* rotation =
+        static_cast<Control*>(CreateInstance(CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID));
+    ASSERT_NE(rotation, nullptr);
+    ASSERT_TRUE(prs->SetRotationController(rotation));
+    EXPECT_TRUE(shown(rotation));
+    for (int i = 0; i < rotation->NumSubs(); ++i) EXPECT_FALSE(shown(rotation->SubAnim(i))) << i;
+    EXPECT_TRUE(shown(prs->GetPositionController()->GetXController()));
+    ip->Reset();
 }
 
 TEST_F(Plugin, StringsShareOneBuffer) {
