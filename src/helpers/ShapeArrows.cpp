@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "helpers/ShapeCurves.h"
@@ -25,13 +26,15 @@ ArrowProfile Profile(const ShapeContext& ctx) {
     return {0.25f * s, 0.5f * s, 1.0f - 0.75f * s};
 }
 
-// The head of an arrow pointing up +Y, from the right side of its stem to the left.
-void AppendHead(std::vector<Point3>& points, const ArrowProfile& a, float sign) {
-    points.insert(points.end(), {{a.stem * sign, a.base * sign, 0},
-                                 {a.head * sign, a.base * sign, 0},
-                                 {0, sign, 0},
-                                 {-a.head * sign, a.base * sign, 0},
-                                 {-a.stem * sign, a.base * sign, 0}});
+// The head of an arrow pointing up +Y (down for sign -1), from the right side of its
+// stem round the tip to the left side.
+std::array<Point3, 5> Head(const ArrowProfile& a, float sign) {
+    const float base = a.base * sign;
+    return {{{a.stem * sign, base, 0},
+             {a.head * sign, base, 0},
+             {0, sign, 0},
+             {-a.head * sign, base, 0},
+             {-a.stem * sign, base, 0}}};
 }
 
 void RingPoint(KnotBuffer& knots, float angle, float z) {
@@ -42,28 +45,30 @@ void RingPoint(KnotBuffer& knots, float angle, float z) {
 
 void Arrow(const ShapeContext& ctx, ShapeSink& sink) {
     const ArrowProfile a = Profile(ctx);
+    const auto head = Head(a, 1.0f);
     std::vector<Point3> points{{-a.stem, -1, 0}, {a.stem, -1, 0}};
-    AppendHead(points, a, 1.0f);
+    points.insert(points.end(), head.begin(), head.end());
     sink.Polyline(std::move(points), true);
 }
 
 void ArrowDouble(const ShapeContext& ctx, ShapeSink& sink) {
     const ArrowProfile a = Profile(ctx);
-    std::vector<Point3> points;
-    points.reserve(10);
-    AppendHead(points, a, 1.0f);
-    AppendHead(points, a, -1.0f);
+    const auto up = Head(a, 1.0f), down = Head(a, -1.0f);
+    std::vector<Point3> points(up.begin(), up.end());
+    points.insert(points.end(), down.begin(), down.end());
     sink.Polyline(std::move(points), true);
 }
 
 void ArrowCross(const ShapeContext& ctx, ShapeSink& sink) {
     const ArrowProfile a = Profile(ctx);
-    std::vector<Point3> arm{{a.stem, a.stem, 0}};
-    AppendHead(arm, a, 1.0f);
+    // Each arm: the inside corner before it, then its head.
+    const auto head = Head(a, 1.0f);
     std::vector<Point3> points;
-    points.reserve(arm.size() * 4);
-    for (int q = 0; q < 4; ++q)
-        for (const Point3& p : arm) points.push_back(QuarterTurn(p, q));
+    points.reserve(4 * (head.size() + 1));
+    for (int q = 0; q < 4; ++q) {
+        points.push_back(QuarterTurn({a.stem, a.stem, 0}, q));
+        for (const Point3& p : head) points.push_back(QuarterTurn(p, q));
+    }
     sink.Polyline(std::move(points), true);
 }
 

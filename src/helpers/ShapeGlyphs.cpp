@@ -23,6 +23,8 @@ int KnotType(const Point3& p, const Point3& in, const Point3& out) {
     return side.LengthSquared() < 1e-10f ? KTYPE_BEZIER : KTYPE_BEZIER_CORNER;
 }
 
+}  // namespace
+
 void DrawGlyph(const Glyph& glyph, ShapeSink& sink) {
     for (const GlyphSpline& spline : glyph.splines) {
         KnotBuffer knots;
@@ -32,36 +34,6 @@ void DrawGlyph(const Glyph& glyph, ShapeSink& sink) {
         }
         sink.Curve(knots.Knots(), spline.closed);
     }
-}
-
-}  // namespace
-
-void Character(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kCharacterGlyph, sink);
-}
-void Eye(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kEyeGlyph, sink);
-}
-void Lips(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kLipsGlyph, sink);
-}
-void Hand(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kHandGlyph, sink);
-}
-void Foot(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kFootGlyph, sink);
-}
-void Shoe(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kShoeGlyph, sink);
-}
-void Face(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kFaceGlyph, sink);
-}
-void Nose(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kNoseGlyph, sink);
-}
-void IKFK(const ShapeContext&, ShapeSink& sink) {
-    DrawGlyph(kIKFKGlyph, sink);
 }
 
 }  // namespace zorvanta::shapes

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "helpers/ShapeContext.h"
+#include "helpers/ShapeGlyphData.h"
 #include "helpers/ShapeSink.h"
 
 // The catalogue's members: each lays out one outline into a sink. The catalogue's
@@ -53,15 +54,11 @@ void CrossFlat(const ShapeContext& ctx, ShapeSink& sink);
 void Rectangle(const ShapeContext& ctx, ShapeSink& sink);
 void Triangle(const ShapeContext& ctx, ShapeSink& sink);
 
-// Drawn glyphs from knot tables (ShapeGlyphs.cpp).
-void Character(const ShapeContext& ctx, ShapeSink& sink);
-void Eye(const ShapeContext& ctx, ShapeSink& sink);
-void Lips(const ShapeContext& ctx, ShapeSink& sink);
-void Hand(const ShapeContext& ctx, ShapeSink& sink);
-void Foot(const ShapeContext& ctx, ShapeSink& sink);
-void Shoe(const ShapeContext& ctx, ShapeSink& sink);
-void Face(const ShapeContext& ctx, ShapeSink& sink);
-void Nose(const ShapeContext& ctx, ShapeSink& sink);
-void IKFK(const ShapeContext& ctx, ShapeSink& sink);
+// Drawn glyphs from knot tables (ShapeGlyphs.cpp): one member a table.
+void DrawGlyph(const Glyph& glyph, ShapeSink& sink);
+template <const Glyph& glyph>
+void GlyphMember(const ShapeContext&, ShapeSink& sink) {
+    DrawGlyph(glyph, sink);
+}
 
 }  // namespace zorvanta::shapes

@@ -204,10 +204,9 @@ TEST(ShapeCatalogue, BoxWarpTapersOneEndAndSparesTheCylinderBelowItsDeadZone) {
         }
 
     ShapeInputs cylinder = Inputs(ShapeType::Cylinder);
-    const Box3 flat = Outline(cylinder).BoundingBox();
     cylinder.warpAxis = 0;  // the cylinder tapers along Z whatever the axis says
     cylinder.warpAmount = 0.01f;
-    EXPECT_EQ(Outline(cylinder).BoundingBox().pmax, flat.pmax);
+    EXPECT_EQ(Nearest(Outline(cylinder), {20, 0, -10}).x, 10.0f);
     cylinder.warpAmount = 0.5f;  // the -Z ring shrinks
     const WireOutline warped = Outline(cylinder);
     EXPECT_NEAR(Nearest(warped, {20, 0, -10}).x, 5.0f, 1e-4f);
@@ -259,7 +258,10 @@ TEST(ShapeCatalogue, RectangleBendRollsItsSpanOntoACircle) {
             EXPECT_NEAR(std::hypot(p.y, p.z - radius), radius, 1e-3f);
             ++points;
         }
-    EXPECT_GT(points, 4);    // the straight sides are cut up so that they bend
+    EXPECT_GT(points, 4);  // the straight sides are cut up so that they bend
+    // Lengths along the span are kept: both ends of the span meet across the circle.
+    const Point3 far(10.0f, 0.0f, 2.0f * radius);
+    EXPECT_TRUE(Nearest(out, far).Equals(far, 1e-3f));
     in.warpAmount = 0.001f;  // under 0.01 radians: no bend at all
     const WireOutline flat = Outline(in);
     for (const auto& line : flat.Lines())
@@ -277,6 +279,7 @@ TEST(ShapeCatalogue, OffsetLineRunsToTheNearestCandidate) {
         {ShapeType::Circle, {100, 1, 0}, false, {10, 0, 0}},
         {ShapeType::Circle, {1, -30, 3}, false, {0, -10, 0}},
         {ShapeType::Circle, {1, 1, 0}, false, {0, 0, 0}},
+        {ShapeType::Circle, {7, 7, 0}, false, {0, 10, 0}},  // a tie: the quarter point is first
         {ShapeType::Circle, {100, 1, 0}, true, {0, 0, 0}},
         {ShapeType::Cone, {0, 1, 50}, false, {0, 0, 10}},
         {ShapeType::Cone, {0, 1, -50}, false, {0, 0, -10}},
