@@ -38,7 +38,7 @@ public:
 
     // val: the parent's world transform in, the node's out.
     void GetValue(host::TimeValue t, void* val, host::Interval& valid,
-                  host::GetSetMethod method = host::CTRL_RELATIVE) override;
+                  host::GetSetMethod method = host::CTRL_ABSOLUTE) override;
     // val: a SetXFormPacket, handed to the inner controller in the target's space. A
     // locked controller ignores it.
     void SetValue(host::TimeValue t, void* val, int commit = 1,
