@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <random>
 
 #include "host/classes/IKeyControl.h"
@@ -18,6 +20,13 @@ inline void KeyFloatTrack(Control* track, std::mt19937& rng, int count, TimeValu
         key.val = value(rng);
         keys->AppendKey(&key);
     }
+}
+
+// Time per node as a rate counter of a pass over state.range(0) nodes: seconds per
+// node, shown in the benchmark's units.
+inline benchmark::Counter PerNode(const benchmark::State& state) {
+    return benchmark::Counter(double(state.iterations()) * double(state.range(0)),
+                              benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
 }  // namespace host::bench

@@ -49,12 +49,6 @@ std::vector<INode*> BuildHierarchy(int count) {
     return nodes;
 }
 
-// Per-node time as a rate counter: seconds per node, shown in the benchmark's units.
-benchmark::Counter PerNode(const benchmark::State& state) {
-    return benchmark::Counter(double(state.iterations()) * double(state.range(0)),
-                              benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
-
 // Playback: each pass is one frame later than the last, wrapping at the last key.
 void BM_SceneWorldTransformsPlayback(benchmark::State& state) {
     const std::vector<INode*> nodes = BuildHierarchy(int(state.range(0)));

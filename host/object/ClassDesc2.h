@@ -7,6 +7,7 @@
 
 namespace host {
 
+class FPInterfaceDesc;
 class ParamBlockDesc2;
 class ReferenceMaker;
 
@@ -37,8 +38,18 @@ public:
     // owner's reference slot that its definition names.
     void MakeAutoParamBlocks(ReferenceMaker* owner);
 
+    // The mix-in interfaces the class's objects publish: scripts find their functions and
+    // properties on any object of the class. A second addition of one is ignored.
+    void AddInterface(const FPInterfaceDesc* fpi) {
+        for (const FPInterfaceDesc* known : interfaces_)
+            if (known == fpi) return;
+        interfaces_.push_back(fpi);
+    }
+    const std::vector<const FPInterfaceDesc*>& Interfaces() const { return interfaces_; }
+
 private:
     std::vector<ParamBlockDesc2*> blocks_;
+    std::vector<const FPInterfaceDesc*> interfaces_;
 };
 
 }  // namespace host

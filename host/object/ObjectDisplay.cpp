@@ -1,11 +1,13 @@
 #include "host/object/ObjectDisplay.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "host/object/BaseObject.h"
 #include "host/object/GraphicsWindow.h"
 #include "host/object/HitRegion.h"
+#include "host/object/SnapInfo.h"
 #include "host/object/ViewExp.h"
 
 namespace host {
@@ -73,6 +75,33 @@ int HitTestByDisplay(BaseObject* object, TimeValue t, INode* node, int type, int
     object->Display(t, node, vpt, flags);
     gw->setRndLimits(limits);
     return gw->checkHitCode() ? 1 : 0;
+}
+
+bool PointSnap(SnapInfo* snap, const Matrix3& tm, const Point3& point, IPoint2* p, ViewExp* vpt) {
+    if (!snap || !p || !vpt || !vpt->IsAlive()) return false;
+    if (snap->vertPriority <= 0 || snap->vertPriority > snap->priority) return false;
+    const Point3 world = point * tm;
+    if (snap->snapType == SNAP_2D || (snap->flags & SNAP_IN_PLANE)) {
+        const Point3 inPlane = world * Inverse(snap->plane);
+        if (std::fabs(inPlane.z) > 0.0001f) return false;
+    }
+    GraphicsWindow* gw = vpt->getGW();
+    const Matrix3 saved = gw->getTransform();
+    gw->setTransform(Matrix3());
+    IPoint3 pixel;
+    gw->wTransPoint(&world, &pixel);
+    gw->setTransform(saved);
+    const Point2 screen(float(pixel.x), float(pixel.y));
+    const int distance = int((screen - Point2(float(p->x), float(p->y))).Length());
+    if (distance > snap->strength) return false;
+    // A better priority wins outright; an equal one only nearer the cursor.
+    if (snap->vertPriority == snap->priority && distance >= snap->bestDist) return false;
+    snap->priority = snap->vertPriority;
+    snap->bestWorld = world;
+    snap->bestScreen = screen;
+    snap->bestDist = distance;
+    snap->found = true;
+    return true;
 }
 
 }  // namespace host

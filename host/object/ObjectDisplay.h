@@ -10,6 +10,7 @@ class BaseObject;
 class GraphicsWindow;
 class ViewExp;
 struct IPoint2;
+struct SnapInfo;
 
 // What the host's objects share when they draw: the UI colours, the colour a node's
 // wireframe takes, and picking by drawing.
@@ -34,5 +35,11 @@ GraphicsWindow* BeginNodeDisplay(TimeValue t, INode* node, ViewExp* vpt);
 // found, except for the hit code and distance, which the caller reads.
 int HitTestByDisplay(BaseObject* object, TimeValue t, INode* node, int type, int crossing,
                      int flags, IPoint2* p, ViewExp* vpt);
+
+// The common point snap: offers point (in the space of tm, which takes it to world) to
+// snap when it lies within the snap radius of the cursor p in vpt and beats the best
+// point so far. A 2D snap, or one with SNAP_IN_PLANE, ignores a point more than 0.0001
+// off the construction plane. Answers whether the point became the best.
+bool PointSnap(SnapInfo* snap, const Matrix3& tm, const Point3& point, IPoint2* p, ViewExp* vpt);
 
 }  // namespace host

@@ -1,5 +1,7 @@
 #include "host/script/FPConvert.h"
 
+#include <algorithm>
+
 #include "host/object/Control.h"
 #include "host/object/INode.h"
 #include "host/script/MatrixValue.h"
@@ -104,6 +106,29 @@ bool Natural(const Value& v, FPValue& out) {
     }
 }
 
+// A bit array as scripts write it: an array of the 1-based numbers of the set bits. The
+// array is as long as the highest number; a number below 1 or a non-integer is refused.
+bool BitsFor(const Value& v, FPValue& out) {
+    if (v.tag() != Tag::Array) return false;
+    const auto& items = v.As<ArrayObject>().items;
+    int64_t size = 0;
+    for (const Value& item : items) {
+        if (!item.IsInteger() || item.AsInteger() < 1 || item.AsInteger() > (1 << 24)) return false;
+        size = std::max(size, item.AsInteger());
+    }
+    BitArray bits{static_cast<int>(size)};
+    for (const Value& item : items) bits.Set(int(item.AsInteger() - 1));
+    out.Load(TYPE_BITARRAY, std::move(bits));
+    return true;
+}
+
+Value NumbersOf(const BitArray& bits) {
+    std::vector<Value> items;
+    for (int i = 0; i < bits.GetSize(); ++i)
+        if (bits[i]) items.push_back(Value::Integer(i + 1));
+    return MakeArray(std::move(items));
+}
+
 template <typename T>
 Value ArrayOf(const std::vector<T>& table, ParamType2 type) {
     std::vector<Value> items;
@@ -121,6 +146,7 @@ bool ToFPValue(const Value& v, FPValue& out, ParamType2 wanted) {
         out.Load(TYPE_INDEX, int(v.AsInteger() - 1));
         return true;
     }
+    if (base == TYPE_BITARRAY) return BitsFor(v, out);
     if (base == TYPE_BOOL && v.IsBool()) {
         out.Load(TYPE_BOOL, int(v.AsBool()));
         return true;
@@ -135,6 +161,7 @@ Value FromFPValue(const FPValue& v) {
     if (auto* t = v.Get<std::vector<float>>()) return ArrayOf(*t, v.type);
     if (auto* t = v.Get<std::vector<Animatable*>>()) return ArrayOf(*t, v.type);
     if (auto* a = v.Get<Animatable*>()) return WrapAnimatable(*a);
+    if (auto* bits = v.Get<BitArray>()) return NumbersOf(*bits);
     if (auto* q = v.Get<Quat>()) return QuatValue::Make(*q);
     if (auto* m = v.Get<Matrix3>()) return MatrixValue::Make(*m);
     if (auto* f = v.Get<float>()) return Value::Float(*f);

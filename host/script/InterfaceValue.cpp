@@ -1,6 +1,8 @@
 #include "host/script/InterfaceValue.h"
 
 #include "host/object/Animatable.h"
+#include "host/object/ClassDesc2.h"
+#include "host/object/ClassRegistry.h"
 #include "host/script/Callable.h"
 #include "host/script/FPConvert.h"
 #include "host/script/Interpreter.h"
@@ -31,6 +33,15 @@ FPValue ArgumentFor(const FPInterfaceDesc& desc, const FPArgDesc* arg, const Val
         throw RuntimeError(WStr(L"Cannot pass " + PrintText(v) + L" as argument " +
                                 (arg ? std::wstring(arg->name) : std::wstring())));
     return out;
+}
+
+// The mix-ins scripts look for on anim: those registered with scripts, then those its
+// class descriptor publishes.
+std::vector<const FPInterfaceDesc*> MixinsOf(Animatable* anim) {
+    std::vector<const FPInterfaceDesc*> mixins = ScriptRegistry::Instance().Mixins();
+    if (ClassDesc2* cd = ClassRegistry::Instance().Find(anim->SuperClassID(), anim->ClassID()))
+        mixins.insert(mixins.end(), cd->Interfaces().begin(), cd->Interfaces().end());
+    return mixins;
 }
 
 }  // namespace
@@ -126,7 +137,7 @@ Value InterfaceMethod::Call(CallArgs& args) {
 bool GetMixinMember(Interpreter& in, const Value& owner, const std::wstring& name, Value& out) {
     Animatable* anim = AnimatableOf(owner);
     if (!anim) return false;
-    for (const FPInterfaceDesc* desc : ScriptRegistry::Instance().Mixins()) {
+    for (const FPInterfaceDesc* desc : MixinsOf(anim)) {
         if (!desc->FindProperty(WStr(name)) && !desc->FindFunction(WStr(name))) continue;
         if (!anim->GetInterface(desc->GetID())) continue;
         Value fpi = InterfaceValue::Mixin(owner, desc->GetID());
@@ -139,7 +150,7 @@ bool SetMixinProperty(Interpreter& in, const Value& owner, const std::wstring& n
                       const Value& v) {
     Animatable* anim = AnimatableOf(owner);
     if (!anim) return false;
-    for (const FPInterfaceDesc* desc : ScriptRegistry::Instance().Mixins()) {
+    for (const FPInterfaceDesc* desc : MixinsOf(anim)) {
         if (!desc->FindProperty(WStr(name)) || !anim->GetInterface(desc->GetID())) continue;
         Value fpi = InterfaceValue::Mixin(owner, desc->GetID());
         return fpi.As<InterfaceValue>().SetProperty(in, name, v);

@@ -48,7 +48,7 @@ const T& Arg(const FPParams* p) {
 
 }  // namespace
 
-const FPInterfaceDesc* IRigControl::GetDesc() {
+const FPInterfaceDesc* IRigControl::Desc() {
     return &kRigControlDesc;
 }
 

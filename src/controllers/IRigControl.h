@@ -25,7 +25,9 @@ public:
     virtual bool GetFigureMode() = 0;
     virtual void SetFigureMode(bool on) = 0;
 
-    const host::FPInterfaceDesc* GetDesc() override;
+    // The interface's description, the same for every rig control.
+    static const host::FPInterfaceDesc* Desc();
+    const host::FPInterfaceDesc* GetDesc() override { return Desc(); }
     host::FPStatus _dispatch_fn(host::FunctionID fid, host::TimeValue t, host::FPValue& result,
                                 host::FPParams* p) override;
 };

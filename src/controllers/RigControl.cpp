@@ -11,6 +11,7 @@
 #include "host/math/AffineParts.h"
 #include "host/math/Euler.h"
 #include "host/math/MatrixHelpers.h"
+#include "host/object/ClassDesc2.h"
 #include "host/object/GraphicsWindow.h"
 #include "host/object/Hold.h"
 #include "host/object/ILoad.h"
@@ -162,6 +163,7 @@ RigControl::~RigControl() {
 
 void RigControl::DescribeBlocks(ClassDesc2* desc) {
     Params(desc);
+    desc->AddInterface(IRigControl::Desc());
 }
 
 WStr RigControl::GetClassName() {

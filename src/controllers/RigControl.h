@@ -47,6 +47,7 @@ public:
     // loading: a bare object (no block, no sub-controllers), filled by a reader or clone.
     explicit RigControl(bool loading = false);
     ~RigControl() override;
+    // Gives the class's descriptor the block definition and the published interface.
     static void DescribeBlocks(host::ClassDesc2* desc);
 
     host::Class_ID ClassID() override { return kClassId; }

@@ -18,6 +18,7 @@
 #include "controllers/StepFloat.h"
 #include "frame/FrameIds.h"
 #include "frame/StringTable.h"
+#include "helpers/ControlHelper.h"
 
 namespace zorvanta {
 
@@ -50,7 +51,7 @@ const CatalogueRow kCatalogue[] = {
     {L"StaticTransform", true, CTRL_MATRIX3_CLASS_ID, STATIC_TRANSFORM_CLASS_ID, IDS_STATIC_TRANSFORM_CLASS, L"Animation", L"StaticTransform", &Make<StaticTransform>},
     {L"CurveIKControl", false, CTRL_MATRIX3_CLASS_ID, CURVE_IK_CONTROL_CLASS_ID, IDS_CURVE_IK_CONTROL_CLASS, L"Animation", L"CurveIKControl", nullptr},
     {L"CurveIKChain", false, CTRL_MATRIX3_CLASS_ID, CURVE_IK_CHAIN_CLASS_ID, IDS_CURVE_IK_CHAIN_CLASS, L"Animation", L"CurveIKChain", nullptr},
-    {L"ControlHelper", true, HELPER_CLASS_ID, CONTROL_HELPER_CLASS_ID, IDS_CONTROL_HELPER_CLASS, L"", L"ControlHelper", nullptr},
+    {L"ControlHelper", true, HELPER_CLASS_ID, CONTROL_HELPER_CLASS_ID, IDS_CONTROL_HELPER_CLASS, L"Helper", L"ControlHelper", &Make<ControlHelper>, &ControlHelper::DescribeBlocks},
     {L"UIPanel", true, HELPER_CLASS_ID, UI_PANEL_CLASS_ID, IDS_UI_PANEL_CLASS, L"", L"UIPanel", nullptr},
     {L"UIGroup", true, REF_TARGET_CLASS_ID, UI_GROUP_CLASS_ID, IDS_UI_GROUP_CLASS, L"Animation", L"UIGroup", nullptr},
     {L"UIImage", true, REF_TARGET_CLASS_ID, UI_IMAGE_CLASS_ID, IDS_UI_IMAGE_CLASS, L"Animation", L"UIImage", nullptr},

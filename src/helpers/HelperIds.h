@@ -39,4 +39,7 @@ enum ControlHelperParam : host::ParamID {
 
 inline constexpr host::Interface_ID CONTROL_HELPER_INTERFACE_ID(0x45596d57, 0x1e847b30);
 
+// The control helper's own chunk: the selector's face selection.
+inline constexpr uint16_t CONTROL_HELPER_FACE_SEL_CHUNK = 0;
+
 }  // namespace zorvanta

@@ -3,6 +3,7 @@
 #include "host/classes/PointHelper.h"
 #include "host/classes/TextShape.h"
 #include "host/object/ObjectDisplay.h"
+#include "host/object/SnapInfo.h"
 #include "host/object/WireOutline.h"
 #include "tests/host/math/MathTestSupport.h"
 #include "tests/host/viewport/ViewportTestSupport.h"
@@ -165,6 +166,42 @@ TEST_F(ObjectDisplay, LongPolylinesGoInPieces) {
         EXPECT_TRUE(Near(gw.Lines()[i].world[0], circle[i]));
         EXPECT_TRUE(Near(gw.Lines()[i].world[1], circle[(i + 1) % circle.size()]));
     }
+}
+
+// The point snap takes a point within the radius of the cursor and keeps the best: a
+// better priority wins, an equal one only nearer; in-plane snapping ignores points off
+// the construction plane.
+TEST_F(ObjectDisplay, PointSnapKeepsTheBestPointNearTheCursor) {
+    view.ZoomExtents(Box3(Point3(-50, -50, -50), Point3(50, 50, 50)));
+    const Point3 a(10, 5, 0);
+    Point3 pixel;
+    gw.setTransform(Matrix3());
+    gw.transPoint(&a, &pixel);
+    IPoint2 cursor{int(pixel.x) + 3, int(pixel.y)};
+
+    SnapInfo snap;
+    EXPECT_TRUE(PointSnap(&snap, TransMatrix(a), Point3::Origin, &cursor, &view));
+    EXPECT_TRUE(Near(snap.bestWorld, a));
+    EXPECT_EQ(snap.bestDist, 3);
+    // Farther at the same priority: kept out.
+    const Point3 b(10, 5.4f, 0);
+    EXPECT_FALSE(PointSnap(&snap, Matrix3(), b, &cursor, &view));
+    // Beyond the radius.
+    IPoint2 far{cursor.x + 40, cursor.y};
+    SnapInfo fresh;
+    EXPECT_FALSE(PointSnap(&fresh, Matrix3(), a, &far, &view));
+    // Off the plane, in-plane only.
+    fresh.flags = SNAP_IN_PLANE;
+    EXPECT_FALSE(PointSnap(&fresh, Matrix3(), a + Point3(0, 0, 1), &cursor, &view));
+    EXPECT_TRUE(PointSnap(&fresh, Matrix3(), a, &cursor, &view));
+    // A point beats a nearer hit of a worse priority (an edge, say).
+    SnapInfo edge;
+    edge.priority = 2;
+    edge.bestDist = 0;
+    EXPECT_TRUE(PointSnap(&edge, Matrix3(), a, &cursor, &view));
+    EXPECT_EQ(edge.priority, 1);
+    snap.vertPriority = 0;
+    EXPECT_FALSE(PointSnap(&snap, Matrix3(), a, &cursor, &view)) << "points turned off";
 }
 
 }  // namespace
