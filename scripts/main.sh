@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The main job: install what is missing, build the release tool, and run it: a script
 # builds a character of joints and keys a walk, the tool lists the saved scene and
-# draws frames of the walk (and of the sample scene) into build/release/frames.
+# draws frames of the walk (and of the sample scene) and the sheet of control shapes
+# into build/release/frames.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 bash scripts/setup.sh
@@ -18,6 +19,9 @@ for frame in 0 8 15 23 30; do
     "$tool" render "$walk" --frame "$frame" --view front --size 960x540 --grid \
         --out "build/release/frames/walk_$frame.png"
 done
+shapes=build/release/frames/shapes.tnx
+"$tool" run examples/shape_sheet.trx --save "$shapes"
+"$tool" render "$shapes" --view top --size 700x700 --out build/release/frames/shapes.png
 scene=tests/data/sample_scene.tnx
 "$tool" info "$scene"
 for frame in 0 5 10; do

@@ -32,6 +32,8 @@ constexpr float kHuge = 1e30f;
 
 // The class's one block, defined for the descriptor that the first call passes.
 ParamBlockDesc2& ControlHelperBlock(ClassDesc2* desc = nullptr) {
+    // Fetched before the table: a call inside it makes GCC see a half-built table.
+    static PBAccessor* const selectorAccessor = &WeakRefOwnerAccessor::Instance();
     // clang-format off
     static ParamBlockDesc2 block(0, L"params", P_AUTO_CONSTRUCT, 0, desc, {
         {CH_TYPE, L"type", TYPE_INT, 0, IDS_HELPER_TYPE, {.i = int(ShapeType::Sphere)}, {{0.0f, float(kShapeCount - 1)}}},
@@ -52,7 +54,7 @@ ParamBlockDesc2& ControlHelperBlock(ClassDesc2* desc = nullptr) {
         {CH_CONSTANT_SCREEN_SIZE, L"constant_screen_size", TYPE_BOOL, 0, IDS_CONSTANT_SCREEN_SIZE, {.i = 0}},
         {CH_DRAW_ON_TOP, L"draw_on_top", TYPE_BOOL, 0, IDS_DRAW_ON_TOP, {.i = 0}},
         {CH_SELECTOR_ACTIVE, L"selector_active", TYPE_BOOL, 0, IDS_SELECTOR_ACTIVE, {.i = 0}},
-        {CH_SELECTOR_NODE, L"selector_node", TYPE_INODE, 0, IDS_SELECTOR_NODE, {}, std::nullopt, &WeakRefOwnerAccessor::Instance()},
+        {CH_SELECTOR_NODE, L"selector_node", TYPE_INODE, 0, IDS_SELECTOR_NODE, {}, std::nullopt, selectorAccessor},
         {CH_SELECTOR_IGNORE_BACKFACING, L"selector_ignore_backfacing", TYPE_BOOL, 0, IDS_SELECTOR_IGNORE_BACKFACING, {.i = 0}},
         {CH_SELECTOR_USE_WIRE_COLOR, L"selector_use_wire_color", TYPE_BOOL, 0, IDS_SELECTOR_USE_WIRE_COLOR, {.i = 1}},
         {CH_SELECTOR_COLOR, L"selector_color", TYPE_RGBA, 0, IDS_SELECTOR_COLOR, {.p = Point3(1.0f, 0.8f, 0.0f)}},

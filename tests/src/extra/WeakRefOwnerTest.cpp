@@ -37,26 +37,15 @@ struct PickableOnly : PBValidator {
     }
 } pickableOnly;
 
-ParamBlockDesc2 ownerBlock(0, L"params", P_AUTO_CONSTRUCT, 0, &ownerDesc,
-                           {
-                               {pNode,
-                                L"node",
-                                TYPE_INODE,
-                                0,
-                                0,
-                                {},
-                                std::nullopt,
-                                &WeakRefOwnerAccessor::Instance(),
-                                &pickableOnly},
-                               {pNodes,
-                                L"nodes",
-                                TableOf(TYPE_INODE),
-                                0,
-                                0,
-                                {},
-                                std::nullopt,
-                                &WeakRefOwnerAccessor::Instance()},
-                           });
+// Fetched before the table: a call inside it makes GCC see a half-built table.
+PBAccessor* const weakAccessor = &WeakRefOwnerAccessor::Instance();
+
+ParamBlockDesc2 ownerBlock(
+    0, L"params", P_AUTO_CONSTRUCT, 0, &ownerDesc,
+    {
+        {pNode, L"node", TYPE_INODE, 0, 0, {}, std::nullopt, weakAccessor, &pickableOnly},
+        {pNodes, L"nodes", TableOf(TYPE_INODE), 0, 0, {}, std::nullopt, weakAccessor},
+    });
 
 // An owner of two weak node parameters, one plain and one table, that logs the messages
 // it forwards. Its rollup is open while dialog is set.
