@@ -63,16 +63,8 @@ int LinkControl::SlotFor(TimeValue t, bool& taken) const {
     return at;
 }
 
-INode* LinkControl::OwnerNode() {
-    DependentIterator it(this);
-    while (ReferenceMaker* maker = it.Next())
-        if (auto* node = dynamic_cast<INode*>(maker); node && node->GetTMController() == this)
-            return node;
-    return nullptr;
-}
-
 void LinkControl::Link(INode* target, TimeValue t) {
-    INode* owner = OwnerNode();
+    INode* owner = FindOwnerNode(this);
     const Matrix3 parent = owner ? owner->GetParentTM(t) : Matrix3();
     Interval ignored = FOREVER;
     Matrix3 world = parent;

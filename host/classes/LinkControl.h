@@ -101,8 +101,6 @@ private:
     Matrix3 LinkFrame(TimeValue t, const Matrix3& parent, Interval& valid);
     // Where a link starting at t goes in the sorted list, and whether one starts there.
     int SlotFor(TimeValue t, bool& taken) const;
-    // The node this controller is the transform controller of, if any.
-    INode* OwnerNode();
 
     Control* sub_ = nullptr;
     ReferenceList<TimeValue> links_{this, 1};  // data: the start times

@@ -461,4 +461,13 @@ WStr INode::SubAnimName(int i) {
     return i >= 0 && i < 3 ? WStr(kNames[i]) : WStr();
 }
 
+INode* FindOwnerNode(Control* c) {
+    if (!c) return nullptr;
+    DependentIterator it(c);
+    while (ReferenceMaker* maker = it.Next())
+        if (auto* node = dynamic_cast<INode*>(maker); node && node->GetTMController() == c)
+            return node;
+    return nullptr;
+}
+
 }  // namespace host

@@ -250,4 +250,8 @@ private:
 
 using INodeTab = Tab<INode*>;
 
+// The first node among c's dependents whose transform controller is c, or null: the
+// node a transform controller drives.
+INode* FindOwnerNode(Control* c);
+
 }  // namespace host

@@ -9,15 +9,6 @@ namespace zorvanta {
 
 using namespace host;
 
-INode* FindOwnerNode(Control* c) {
-    if (!c) return nullptr;
-    DependentIterator it(c);
-    while (ReferenceMaker* maker = it.Next())
-        if (auto* node = dynamic_cast<INode*>(maker); node && node->GetTMController() == c)
-            return node;
-    return nullptr;
-}
-
 RigControl* FindRigControl(Control* c) {
     while (c) {
         if (c->ClassID() == RIG_CONTROL_CLASS_ID && c->SuperClassID() == CTRL_MATRIX3_CLASS_ID)

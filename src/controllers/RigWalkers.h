@@ -13,8 +13,7 @@ class RigControl;
 // node to its animation manager modifier and to the root of its rig, and from any
 // transform controller to the rig control inside it.
 
-// The first node among c's dependents whose transform controller is c, or null.
-host::INode* FindOwnerNode(host::Control* c);
+using host::FindOwnerNode;
 
 // c itself when it is a rig control, else the rig control inside its first matrix
 // sub-controller, looked for the same way; null when there is none.

@@ -78,10 +78,15 @@ Matrix3 SomeOffset() {
     return m;
 }
 
-Matrix3 SomeParent() {
-    Matrix3 m = ScaleMatrix(Point3(2, 1, 1)) * RotateYMatrix(0.6f) * RotateZMatrix(0.3f);
+// A turned, moved parent with the scale given.
+Matrix3 ScaledParent(const Point3& scale) {
+    Matrix3 m = ScaleMatrix(scale) * RotateYMatrix(0.6f) * RotateZMatrix(0.3f);
     m.SetTrans(Point3(-4, 1, 2));
     return m;
+}
+
+Matrix3 SomeParent() {
+    return ScaledParent(Point3(2, 1, 1));
 }
 
 TEST_F(RigControlTest, BindPoseSitsAtTheOffsetAndOffsetModesAgreeForIdentity) {
@@ -145,9 +150,7 @@ TEST_F(RigControlTest, StraightScaleKeepsRowsOrthogonalUnderAScaledTurnedParent)
 // A parent with uniform scale: under a non-uniform one the independent offset's
 // position, rotation and scale steps cannot reach every sheared world transform.
 Matrix3 UniformParent() {
-    Matrix3 m = ScaleMatrix(Point3(2, 2, 2)) * RotateYMatrix(0.6f) * RotateZMatrix(0.3f);
-    m.SetTrans(Point3(-4, 1, 2));
-    return m;
+    return ScaledParent(Point3(2, 2, 2));
 }
 
 TEST_F(RigControlTest, SetNodeTMPlacesTheNodeInEveryOffsetMode) {
