@@ -6,6 +6,7 @@
 
 #include "apps/zorvanta/InfoCommand.h"
 #include "apps/zorvanta/RenderCommand.h"
+#include "apps/zorvanta/RigCommand.h"
 #include "apps/zorvanta/ScriptCommand.h"
 #include "host/classes/HostClasses.h"
 #include "host/object/Interface.h"
@@ -19,6 +20,8 @@ constexpr const char* kUsage =
     "       zorvanta render <scene> [--frame N] [--view front|side|top|persp]\n"
     "                       [--size WxH] [--grid] --out <png>\n"
     "       zorvanta run <script.trx> [--scene in.tnx] [--save out.tnx]\n"
+    "       zorvanta rig --type TYPE [--set name=value ...] [--build] --out <scene>\n"
+    "                    [--render <png>]\n"
     "       zorvanta repl\n"
     "\n"
     "Zorvanta, a character rigging and animation toolkit.\n"
@@ -30,6 +33,10 @@ constexpr const char* kUsage =
     "                 asked, with the home grid on --grid, into a PNG file\n"
     "  run <script>   run a TarnixScript file, on the scene given with --scene (an\n"
     "                 empty one otherwise), and save the scene after it with --save\n"
+    "  rig            make a rig object of a type (Biped, Quadruped, Hands, ... by its\n"
+    "                 script name, any case), set its parameters by their script\n"
+    "                 names (numbers, true/false, text, colours as r,g,b), build the\n"
+    "                 rig with --build, save the scene, and draw it with --render\n"
     "  repl           a script listener: reads expressions from the input, prints\n"
     "                 their output and values, and keeps its variables\n"
     "\n"
@@ -90,6 +97,16 @@ int main(int argc, char** argv) {
             return 2;
         }
         return zorvanta::cli::RunScript(options, stdout, stderr);
+    }
+    if (std::strcmp(arg, "rig") == 0) {
+        zorvanta::cli::RigOptions options;
+        std::string error;
+        if (!zorvanta::cli::ParseRigArgs(std::vector<std::string>(argv + 2, argv + argc), options,
+                                         error)) {
+            std::fprintf(stderr, "zorvanta: %s (try --help)\n", error.c_str());
+            return 2;
+        }
+        return zorvanta::cli::RunRig(options, stderr);
     }
     if (std::strcmp(arg, "repl") == 0) {
         if (argc != 2) {

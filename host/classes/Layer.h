@@ -14,10 +14,13 @@ public:
     WStr GetName() const override { return name_; }
     bool AddToLayer(INode* node) override;
     // Refused for the default layer, and for a parent that is this layer or below it.
+    // Undoable.
     bool SetParentLayer(ILayer* parent) override;
     ILayer* GetParentLayer() const override { return parent_; }
 
 private:
+    class ParentRestore;
+
     WStr name_;
     bool default_;
     ILayer* parent_ = nullptr;

@@ -4,9 +4,35 @@
 
 #include "host/classes/ChunkIO.h"
 #include "host/classes/HostChunkIds.h"
+#include "host/object/Hold.h"
 #include "host/object/INode.h"
 
 namespace host {
+
+// A layer's making: undo takes the layer out of the manager and keeps it alive (nodes
+// on the redo stack may still name it), redo puts the same layer back.
+class LayerManager::CreateRestore : public RestoreObj {
+public:
+    CreateRestore(LayerManager* manager, Layer* layer) : manager_(manager), layer_(layer) {}
+    void Restore(bool) override {
+        auto& layers = manager_->layers_;
+        for (auto it = layers.begin(); it != layers.end(); ++it)
+            if (it->get() == layer_) {
+                kept_ = std::move(*it);
+                layers.erase(it);
+                return;
+            }
+    }
+    void Redo() override {
+        if (kept_) manager_->layers_.push_back(std::move(kept_));
+    }
+    WStr Description() override { return WStr(L"Create Layer"); }
+
+private:
+    LayerManager* manager_;
+    Layer* layer_;
+    std::unique_ptr<Layer> kept_;
+};
 
 LayerManager::LayerManager() {
     Reset();
@@ -21,6 +47,7 @@ ILayer* LayerManager::GetLayer(const WStr& name) {
 ILayer* LayerManager::CreateLayer(const WStr& name) {
     if (name.Length() == 0 || GetLayer(name)) return nullptr;
     layers_.push_back(std::make_unique<Layer>(name, false));
+    if (theHold.Holding()) theHold.Put(new CreateRestore(this, layers_.back().get()));
     return layers_.back().get();
 }
 

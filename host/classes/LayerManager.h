@@ -12,7 +12,7 @@ class ISave;
 class ILoad;
 
 // The scene's layers by name. There is always the default layer "0"; other layers are
-// made on request and last until the scene is reset.
+// made on request (undoably) and last until the scene is reset.
 //
 // The scene file holds the layers but the default one: names and parents. Nodes keep
 // their layers themselves; a scene reader puts its nodes on the layers of a manager it
@@ -34,6 +34,8 @@ public:
     void Adopt(std::unique_ptr<ILayerManager> loaded) override;
 
 private:
+    class CreateRestore;
+
     // The index of layer in the manager, -1 for null.
     int IndexOf(const ILayer* layer) const;
     // One saved layer: made under its name, its parent index kept for when all are made.

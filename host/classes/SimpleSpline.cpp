@@ -40,19 +40,19 @@ void SimpleSpline::UpdateShape(TimeValue t) {
     if (ivalid.InInterval(t)) return;
     ivalid = FOREVER;
     BuildShape(t, shape);
-    ApplyInterpolation(t);
+    ApplyInterpolation(t, shape);
     shape.UpdateSels();
     shape.InvalidateGeomCache();
 }
 
-void SimpleSpline::ApplyInterpolation(TimeValue t) {
+void SimpleSpline::ApplyInterpolation(TimeValue t, BezierShape& target) {
     if (!ipblock) return;
     PB2Value steps, optimize, adaptive;
     ipblock->GetValue(STEPS, t, steps, ivalid);
     ipblock->GetValue(OPTIMIZE, t, optimize, ivalid);
     ipblock->GetValue(ADAPTIVE, t, adaptive, ivalid);
-    shape.steps = adaptive.i ? -1 : steps.i;
-    shape.optimize = optimize.i != 0;
+    target.steps = adaptive.i ? -1 : steps.i;
+    target.optimize = optimize.i != 0;
 }
 
 ReferenceTarget* SimpleSpline::GetReference(int i) {

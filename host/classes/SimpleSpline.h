@@ -83,14 +83,13 @@ protected:
     SimpleSpline(ClassDesc2* desc, bool loading);
     void SetReference(int i, ReferenceTarget* target) override;
 
+    // Hands the interpolation settings at t to target, narrowing ivalid by them.
+    void ApplyInterpolation(TimeValue t, BezierShape& target);
+
     BezierShape shape;
     Interval ivalid;                  // NEVER until the first build
     IParamBlock2* ipblock = nullptr;  // reference 0
     IParamBlock2* pblock2 = nullptr;  // reference 2
-
-private:
-    // Hands the interpolation settings at t to the shape.
-    void ApplyInterpolation(TimeValue t);
 };
 
 }  // namespace host

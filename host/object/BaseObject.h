@@ -6,6 +6,7 @@
 
 namespace host {
 
+class CreateMouseCallBack;
 class INode;
 class ISubObjType;
 class ModContext;
@@ -67,6 +68,10 @@ public:
     // The centres and axis systems the transform tools use at the level in force.
     virtual void GetSubObjectCenters(SubObjAxisCallback*, TimeValue, INode*, ModContext*) {}
     virtual void GetSubObjectTMs(SubObjAxisCallback*, TimeValue, INode*, ModContext*) {}
+
+    // How the object is placed with the mouse when it is created in a viewport (see
+    // CreateNodeByClicks); null for an object that is not made that way.
+    virtual CreateMouseCallBack* GetCreateMouseCallBack() { return nullptr; }
 };
 
 }  // namespace host

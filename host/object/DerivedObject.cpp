@@ -215,20 +215,7 @@ ModContext* DerivedObject::DefaultContext(int before) {
 }
 
 INode* DerivedObject::FindNode() {
-    // Up through derived objects only: other dependents lead to other nodes.
-    struct Finder : DependentEnumProc {
-        INode* node = nullptr;
-        DepEnumResult proc(ReferenceMaker* maker) override {
-            if (maker->SuperClassID() == BASENODE_CLASS_ID) {
-                node = static_cast<INode*>(maker);
-                return DEP_ENUM_HALT;
-            }
-            return maker->SuperClassID() == GEN_DERIVOB_CLASS_ID ? DEP_ENUM_CONTINUE
-                                                                 : DEP_ENUM_SKIP;
-        }
-    } finder;
-    DoEnumDependents(&finder);
-    return finder.node;
+    return FindObjectNode(this);
 }
 
 Object* DerivedObject::Current() {

@@ -470,4 +470,20 @@ INode* FindOwnerNode(Control* c) {
     return nullptr;
 }
 
+INode* FindObjectNode(ReferenceTarget* obj) {
+    struct Finder : DependentEnumProc {
+        INode* node = nullptr;
+        DepEnumResult proc(ReferenceMaker* maker) override {
+            if (maker->SuperClassID() == BASENODE_CLASS_ID) {
+                node = static_cast<INode*>(maker);
+                return DEP_ENUM_HALT;
+            }
+            return maker->SuperClassID() == GEN_DERIVOB_CLASS_ID ? DEP_ENUM_CONTINUE
+                                                                 : DEP_ENUM_SKIP;
+        }
+    } finder;
+    if (obj) obj->DoEnumDependents(&finder);
+    return finder.node;
+}
+
 }  // namespace host

@@ -253,5 +253,8 @@ using INodeTab = Tab<INode*>;
 // The first node among c's dependents whose transform controller is c, or null: the
 // node a transform controller drives.
 INode* FindOwnerNode(Control* c);
+// The first node whose object is obj, directly or under the node's modifiers (up
+// through derived objects only: other dependents lead to other nodes), or null.
+INode* FindObjectNode(ReferenceTarget* obj);
 
 }  // namespace host

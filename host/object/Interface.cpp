@@ -1,6 +1,7 @@
 #include "host/object/Interface.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "host/math/MatrixHelpers.h"
@@ -130,6 +131,20 @@ void Interface::EnableSceneRedraw() {
     if (redrawDisabled_ > 0) --redrawDisabled_;
 }
 
+bool Interface::SetGamma(bool on, float gamma) {
+    if (!(gamma >= 0.1f && gamma <= 10.0f)) return false;
+    gammaOn_ = on;
+    gamma_ = gamma;
+    return true;
+}
+
+Point3 Interface::GammaCorrect(const Point3& color) const {
+    if (!gammaOn_) return color;
+    Point3 out;
+    for (int i = 0; i < 3; ++i) out[i] = std::pow(std::clamp(color[i], 0.0f, 1.0f), gamma_);
+    return out;
+}
+
 void Interface::RedrawViews(TimeValue) {
     if (!IsSceneRedrawDisabled()) ++redraws_;
 }
@@ -176,6 +191,8 @@ void Interface::Reset() {
     taskMode_ = TASK_MODE_CREATE;
     quiet_ = false;
     redrawDisabled_ = 0;
+    gammaOn_ = false;
+    gamma_ = kDefaultGamma;
     status_ = StatusLine();
     ClearListener();
     BroadcastNotification(NOTIFY_SYSTEM_POST_RESET);

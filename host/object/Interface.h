@@ -53,6 +53,8 @@ class ViewExp;
 // listener. One object, got through GetCOREInterface().
 class Interface {
 public:
+    static constexpr float kDefaultGamma = 2.2f;
+
     Interface() = default;
     Interface(const Interface&) = delete;
     Interface& operator=(const Interface&) = delete;
@@ -138,6 +140,17 @@ public:
     // Installs dialogs that the caller keeps alive; null goes back to the quiet ones.
     void SetDialogService(DialogService* dialogs) { dialogs_ = dialogs; }
 
+    // Display gamma. While it is on, a colour chosen for the screen (a wire colour) is
+    // stored raised to the power gamma, so that the display's correction by 1/gamma
+    // shows it as chosen. A new scene has it off at 2.2.
+    bool IsGammaOn() const { return gammaOn_; }
+    float GetGamma() const { return gamma_; }
+    // Refused (false), changing nothing, for a gamma outside 0.1 to 10.
+    bool SetGamma(bool on, float gamma);
+    // Each component clamped to 0..1 and raised to the power gamma while gamma is on;
+    // the colour as it is while it is off.
+    Point3 GammaCorrect(const Point3& color) const;
+
     // Redraws nest: the views redraw only when every disable has been matched.
     void DisableSceneRedraw() { ++redrawDisabled_; }
     void EnableSceneRedraw();
@@ -195,6 +208,8 @@ private:
     DialogService* dialogs_ = nullptr;
     int redrawDisabled_ = 0;
     int redraws_ = 0;
+    bool gammaOn_ = false;
+    float gamma_ = kDefaultGamma;
     ViewExp* activeView_ = nullptr;
     PickModeCallback* pickMode_ = nullptr;
     StatusLine status_;

@@ -19,6 +19,8 @@
 #include "frame/FrameIds.h"
 #include "frame/StringTable.h"
 #include "helpers/ControlHelper.h"
+#include "helpers/ControlShape.h"
+#include "rig/RigSystem.h"
 
 namespace zorvanta {
 
@@ -64,8 +66,8 @@ const CatalogueRow kCatalogue[] = {
     {L"UISpinner", true, REF_TARGET_CLASS_ID, UI_SPINNER_CLASS_ID, IDS_UI_SPINNER_CLASS, L"Animation", L"UISpinner", nullptr},
     {L"UI2DSpinner", true, REF_TARGET_CLASS_ID, UI2_D_SPINNER_CLASS_ID, IDS_UI2_D_SPINNER_CLASS, L"Animation", L"UI2DSpinner", nullptr},
     {L"UIPanelHolder", false, CTRL_FLOAT_CLASS_ID, UI_PANEL_HOLDER_CLASS_ID, IDS_UI_PANEL_HOLDER_CLASS, L"Animation", L"UIPanelHolder", nullptr},
-    {L"RigSystem", false, HELPER_CLASS_ID, RIG_CLASS_ID, IDS_RIG_CLASS, L"", L"Rig", nullptr},
-    {L"RigSystem", true, SYSTEM_CLASS_ID, RIG_SYSTEM_CLASS_ID, IDS_RIG_SYSTEM_CLASS, L"", L"Rig", nullptr},
+    {L"RigSystem", false, HELPER_CLASS_ID, RIG_CLASS_ID, IDS_RIG_CLASS, L"", L"Rig", &Make<RigSystem>, &RigSystem::DescribeBlocks},
+    {L"RigSystem", true, SYSTEM_CLASS_ID, RIG_SYSTEM_CLASS_ID, IDS_RIG_SYSTEM_CLASS, L"", L"Rig", &Make<RigSystem>},
     {L"IKFKChain", false, CTRL_MATRIX3_CLASS_ID, IKFK_CHAIN_CLASS_ID, IDS_IKFK_CHAIN_CLASS, L"Animation", L"IKFKChain", nullptr},
     {L"IKFKControl", false, CTRL_MATRIX3_CLASS_ID, IKFK_CONTROL_CLASS_ID, IDS_IKFK_CONTROL_CLASS, L"Animation", L"IKFKControl", nullptr},
     {L"IKFKLink", false, CTRL_FLOAT_CLASS_ID, IKFK_LINK_CLASS_ID, IDS_IKFK_LINK_CLASS, L"Animation", L"IKFKLink", nullptr},
@@ -100,7 +102,7 @@ const CatalogueRow kCatalogue[] = {
     {L"PositionLayers", false, CTRL_POSITION_CLASS_ID, POSITION_LAYERS_CLASS_ID, IDS_POSITION_LAYERS_CLASS, L"Animation", L"PositionLayers", nullptr},
     {L"RotationLayers", false, CTRL_ROTATION_CLASS_ID, ROTATION_LAYERS_CLASS_ID, IDS_ROTATION_LAYERS_CLASS, L"Animation", L"RotationLayers", nullptr},
     {L"ScaleLayers", false, CTRL_SCALE_CLASS_ID, SCALE_LAYERS_CLASS_ID, IDS_SCALE_LAYERS_CLASS, L"Animation", L"ScaleLayers", nullptr},
-    {L"ControlShape", true, SHAPE_CLASS_ID, CONTROL_SHAPE_CLASS_ID, IDS_CONTROL_SHAPE_CLASS, L"Splines", L"ControlShape", nullptr},
+    {L"ControlShape", true, SHAPE_CLASS_ID, CONTROL_SHAPE_CLASS_ID, IDS_CONTROL_SHAPE_CLASS, L"Splines", L"ControlShape", &Make<ControlShape>, &ControlShape::DescribeBlocks},
     {L"IKFKDisplayMod", true, OSM_CLASS_ID, IKFK_DISPLAY_MOD_CLASS_ID, IDS_IKFK_DISPLAY_MOD_CLASS, L"", L"IKFKDisplayMod", nullptr},
     {L"AnimLayersLocalWeights", false, REF_TARGET_CLASS_ID, ANIM_LAYERS_LOCAL_WEIGHTS_CLASS_ID, IDS_ANIM_LAYERS_LOCAL_WEIGHTS_CLASS, L"Animation", L"AnimLayersLocalWeights", nullptr},
     {L"RotationXYZ", true, CTRL_ROTATION_CLASS_ID, ROTATION_XYZ_CLASS_ID, IDS_ROTATION_XYZ_CLASS, L"Animation", L"Rotation XYZ", &Make<RotationXYZ>},

@@ -8,9 +8,7 @@ using namespace host;
 
 namespace {
 
-// Shape space to object space for each axis: the rows take the shape's X, Y and Z to
-// the object's. Axis 0 stands local Z along X, axis 1 along Y (turned so that X points
-// back), axis 2 leaves the shape as it is.
+// The rows take the shape's X, Y and Z to the object's, for axes 0 and 1.
 const Matrix3 kAxisFrames[2] = {
     Matrix3(Point3(0, 1, 0), Point3(0, 0, 1), Point3(1, 0, 0), Point3(0, 0, 0)),
     Matrix3(Point3(-1, 0, 0), Point3(0, 0, 1), Point3(0, 1, 0), Point3(0, 0, 0)),
@@ -36,6 +34,10 @@ Matrix3 FacingFrame(const Matrix3& objectTM, const Matrix3& gizmo, ViewExp* vpt)
 
 }  // namespace
 
+Matrix3 ControlAxisFrame(int axis) {
+    return axis == 0 || axis == 1 ? kAxisFrames[axis] : Matrix3();
+}
+
 Matrix3 ControlDisplayTM(const Matrix3& objectTM, const ControlDisplaySettings& s, ViewExp* vpt) {
     const bool live = vpt && vpt->IsAlive();
     Matrix3 tm;
@@ -45,7 +47,7 @@ Matrix3 ControlDisplayTM(const Matrix3& objectTM, const ControlDisplaySettings& 
         tm = turnOnly * FacingFrame(objectTM, s.gizmo, vpt);
     } else {
         tm = s.gizmo * objectTM;
-        if (s.axis == 0 || s.axis == 1) tm = kAxisFrames[s.axis] * tm;
+        tm = ControlAxisFrame(s.axis) * tm;
     }
     if (s.constantScreenSize && live) {
         const float scale = vpt->GetVPWorldWidth(tm.GetTrans()) * kScreenSizeFactor;

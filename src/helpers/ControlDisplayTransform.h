@@ -27,6 +27,11 @@ struct ControlDisplaySettings {
 inline constexpr float kScreenSizeFactor = 0.005f;
 inline constexpr float kFaceCameraDepth = 0.001f;
 
+// Shape space to object space for the object axis the shape's local Z stands along:
+// axis 0 stands it along X, axis 1 along Y (turned so that X points back), axis 2
+// leaves the shape as it is (the identity).
+host::Matrix3 ControlAxisFrame(int axis);
+
 // The display transform: shape space to world for the object transform objectTM (object
 // to world). vpt is the view that face_camera and constant_screen_size read; without a
 // live view both are left out.

@@ -37,9 +37,17 @@ enum ControlHelperParam : host::ParamID {
     CH_SELECTOR_PUSH_VALUE = 24,
 };
 
-inline constexpr host::Interface_ID CONTROL_HELPER_INTERFACE_ID(0x45596d57, 0x1e847b30);
+// The control shape's block "params" (id 0) is the control helper's with one more
+// parameter: the outline's uniform scale, a fraction, animatable.
+inline constexpr host::ParamID CS_SCALE = 25;
 
-// The control helper's own chunk: the selector's face selection.
+// The published interfaces of the control helper and the control shape: each is its
+// class's id.
+inline constexpr host::Interface_ID CONTROL_HELPER_INTERFACE_ID(0x45596d57, 0x1e847b30);
+inline constexpr host::Interface_ID CONTROL_SHAPE_INTERFACE_ID(0x45596d57, 0xed40c435);
+
+// The control helper's own chunk: the selector's face selection. The control shape
+// writes the same chunk beside its shape's chunks.
 inline constexpr uint16_t CONTROL_HELPER_FACE_SEL_CHUNK = 0;
 
 }  // namespace zorvanta

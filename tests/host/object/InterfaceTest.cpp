@@ -92,6 +92,20 @@ TEST_F(CoreInterface, SettingsRefuseBadValuesAndResetRestoresThem) {
     EXPECT_TRUE(ip->GetFrameRate() == 30 && ip->GetRefCoordSys() == COORDS_VIEW && !Animating());
 }
 
+TEST_F(CoreInterface, GammaRaisesColoursOnlyWhileOn) {
+    const Point3 grey(0.5f, 2.0f, -1.0f);
+    EXPECT_EQ(ip->GammaCorrect(grey), grey);  // off in a new scene
+    EXPECT_FALSE(ip->SetGamma(true, 0.0f));
+    EXPECT_FALSE(ip->IsGammaOn());
+    ASSERT_TRUE(ip->SetGamma(true, 2.0f));
+    const Point3 corrected = ip->GammaCorrect(grey);
+    EXPECT_FLOAT_EQ(corrected.x, 0.25f);
+    EXPECT_FLOAT_EQ(corrected.y, 1.0f);  // clamped before the power
+    EXPECT_FLOAT_EQ(corrected.z, 0.0f);
+    ip->Reset();
+    EXPECT_TRUE(!ip->IsGammaOn() && ip->GetGamma() == Interface::kDefaultGamma);
+}
+
 TEST_F(CoreInterface, RedrawsNestAndPromptsStack) {
     const int redraws = ip->RedrawCount();
     ip->DisableSceneRedraw();

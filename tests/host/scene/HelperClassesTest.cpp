@@ -76,6 +76,23 @@ TEST_F(HelperClasses, LayersNestAndHoldNodesUndoably) {
     EXPECT_EQ(layers->GetLayerCount(), 1);
 }
 
+TEST_F(HelperClasses, LayerMakingAndNestingUndo) {
+    ILayerManager* layers = ip->GetLayerManager();
+    ASSERT_NE(layers, nullptr);
+    theHold.Begin();
+    ILayer* rig = layers->CreateLayer(WStr(L"Rig"));
+    ILayer* bones = layers->CreateLayer(WStr(L"Rig Bones"));
+    ASSERT_TRUE(rig && bones && bones->SetParentLayer(rig));
+    theHold.Accept(WStr(L"Layers"));
+    ASSERT_TRUE(theHold.Undo());
+    EXPECT_EQ(layers->GetLayerCount(), 1);
+    EXPECT_EQ(layers->GetLayer(WStr(L"Rig")), nullptr);
+    ASSERT_TRUE(theHold.Redo());
+    ASSERT_EQ(layers->GetLayerCount(), 3);
+    EXPECT_EQ(layers->GetLayer(WStr(L"Rig Bones")), bones);  // the same layers come back
+    EXPECT_EQ(bones->GetParentLayer(), rig);
+}
+
 TEST_F(HelperClasses, CurveControlEvaluatesAndUndoes) {
     auto* ctl =
         static_cast<ICurveCtl*>(CreateInstance(REF_TARGET_CLASS_ID, CURVE_CONTROL_CLASS_ID));

@@ -9,13 +9,17 @@
 #include "frame/Catalogue.h"
 #include "frame/FrameIds.h"
 #include "frame/StringTable.h"
+#include "helpers/HelperIds.h"
 #include "host/classes/HostClasses.h"
 #include "host/io/ChunkWriter.h"
 #include "host/io/CloneRemapDir.h"
 #include "host/object/Control.h"
+#include "host/object/FPInterfaceDesc.h"
 #include "host/object/INode.h"
+#include "host/object/IParamBlock2.h"
 #include "host/object/Interface.h"
 #include "host/object/PluginLoader.h"
+#include "host/object/ShapeObject.h"
 #include "host/object/TrackBarFilterManager.h"
 #include "tests/host/io/SaveLoadTestSupport.h"
 
@@ -175,14 +179,19 @@ TEST_F(Plugin, SharedWordPairsFindTheirOwnClass) {
     EXPECT_EQ(internal(CTRL_MATRIX3_CLASS_ID, {0x45596d56, 0x1e847b60}), WStr(L"IKFKChain"));
     EXPECT_EQ(internal(CTRL_ROTATION_CLASS_ID, {0x45596d56, 0x1e847b60}),
               WStr(L"RotationConnection"));
-    // The rig's two identities name one class; the class is not built yet, so neither
-    // makes an object.
+    // The rig's two identities name one class, and each makes an object of it.
     ClassDesc2* rig = ClassRegistry::Instance().Find(HELPER_CLASS_ID, RIG_CLASS_ID);
     ClassDesc2* system = ClassRegistry::Instance().Find(SYSTEM_CLASS_ID, RIG_SYSTEM_CLASS_ID);
     ASSERT_TRUE(rig && system);
     EXPECT_STREQ(static_cast<CatalogueClassDesc*>(rig)->Row().className, L"RigSystem");
     EXPECT_STREQ(static_cast<CatalogueClassDesc*>(system)->Row().className, L"RigSystem");
-    EXPECT_EQ(CreateInstance(HELPER_CLASS_ID, RIG_CLASS_ID), nullptr);
+    auto* byHelper = dynamic_cast<ReferenceTarget*>(CreateInstance(HELPER_CLASS_ID, RIG_CLASS_ID));
+    auto* bySystem =
+        dynamic_cast<ReferenceTarget*>(CreateInstance(SYSTEM_CLASS_ID, RIG_SYSTEM_CLASS_ID));
+    ASSERT_TRUE(byHelper && bySystem);
+    EXPECT_EQ(typeid(*byHelper), typeid(*bySystem));
+    byHelper->DeleteMe();
+    bySystem->DeleteMe();
 }
 
 // Reads a controller of any type the same way: relatively, from 0 or the identity.
@@ -252,6 +261,27 @@ TEST_F(Plugin, EveryCreatableClassSavesLoadsAndClones) {
         for (Control* c : {control, clone, loaded}) c->DeleteMe();
     }
     EXPECT_EQ(made, 11);
+}
+
+// The rig build makes every control as a control shape by its class id: it comes with
+// both blocks and its published interface, and builds its default outline.
+TEST_F(Plugin, ControlShapeIsMadeByItsClassId) {
+    auto* shape =
+        dynamic_cast<ShapeObject*>(CreateInstance(SHAPE_CLASS_ID, CONTROL_SHAPE_CLASS_ID));
+    ASSERT_NE(shape, nullptr);
+    EXPECT_EQ(shape->GetClassName(), WStr(L"Control Shape"));
+    ASSERT_EQ(shape->NumParamBlocks(), 2);
+    EXPECT_EQ(shape->GetParamBlock(0)->GetInt(CH_TYPE), 9);
+    EXPECT_FLOAT_EQ(shape->GetParamBlock(0)->GetFloat(CS_SCALE), 1.0f);
+    EXPECT_NE(shape->GetInterface(CONTROL_SHAPE_INTERFACE_ID), nullptr);
+    const auto& published =
+        ClassRegistry::Instance().Find(SHAPE_CLASS_ID, CONTROL_SHAPE_CLASS_ID)->Interfaces();
+    ASSERT_EQ(published.size(), 1u);
+    EXPECT_EQ(published[0]->GetName(), WStr(L"IControlShape"));
+    Box3 box;
+    shape->GetLocalBoundBox(0, nullptr, nullptr, box);
+    EXPECT_TRUE(box.Contains(Point3(10, 0, 0)) && !box.Contains(Point3(11, 0, 0)));
+    shape->DeleteMe();
 }
 
 TEST_F(Plugin, KeyFiltersAreRegisteredAtStartUp) {

@@ -14,41 +14,6 @@ namespace {
 
 using namespace host;
 
-// Every value of a block at time 0, as text, to compare blocks whole.
-std::wstring BlockText(IParamBlock2* pb) {
-    std::wstring text;
-    for (int i = 0; i < pb->NumParams(); ++i) {
-        const ParamID id = pb->IndexToID(i);
-        const ParamType2 type = pb->GetDesc()->GetParamDef(id)->type;
-        text += std::to_wstring(id) + L":";
-        switch (KindOf(type)) {
-            case ValueKind::Float:
-                text += std::to_wstring(pb->GetFloat(id, 0));
-                break;
-            case ValueKind::Int:
-                text += std::to_wstring(pb->GetInt(id, 0));
-                break;
-            case ValueKind::Point3: {
-                const Point3 p = pb->GetPoint3(id, 0);
-                text += std::to_wstring(p.x) + L"," + std::to_wstring(p.y) + L"," +
-                        std::to_wstring(p.z);
-                break;
-            }
-            case ValueKind::Matrix:
-                for (int r = 0; r < 4; ++r) {
-                    const Point3 row = pb->GetMatrix3(id, 0).GetRow(r);
-                    text += std::to_wstring(row.x) + L"," + std::to_wstring(row.y) + L"," +
-                            std::to_wstring(row.z) + L";";
-                }
-                break;
-            default:
-                text += std::to_wstring(reinterpret_cast<uintptr_t>(pb->GetReference(i)));
-        }
-        text += L" ";
-    }
-    return text;
-}
-
 using ControlHelperDisplay = HelperTest;
 
 // The drawn outline lies in the world box; None with the offset line draws the line

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "helpers/ControlInterface.h"
+
+namespace zorvanta {
+
+// The control shape's published interface (see ControlInterface): scripts reach it on
+// any control shape.
+class IControlShape : public ControlInterface {
+public:
+    static const host::FPInterfaceDesc* Desc();
+    const host::FPInterfaceDesc* GetDesc() override { return Desc(); }
+};
+
+}  // namespace zorvanta
