@@ -12,6 +12,7 @@
 #include "host/object/IParamBlock2.h"
 #include "host/object/Interface.h"
 #include "host/object/Object.h"
+#include "host/object/SubObject.h"
 #include "rig/RigBuild.h"
 #include "rig/RigBuilders.h"
 #include "rig/RigSystem.h"
@@ -164,6 +165,11 @@ void RigSystem::CreateRig() {
     theHold.Accept(WStr(GetString(IDS_CREATE_RIG)));
     if (task == TASK_MODE_UTILITY) ip->SetCommandPanelTaskMode(task);
     ip->EnableSceneRedraw();
+    // The guide points are gone from the display: the point level is left.
+    if (SubObjectLevel() != 0) {
+        XFormModes modes;
+        ActivateSubobjSel(0, modes);
+    }
     ip->RedrawViews(ip->GetTime());
 }
 

@@ -3,6 +3,7 @@
 #include "controllers/RigControl.h"
 #include "controllers/RigWalkers.h"
 #include "host/object/ILayerManager.h"
+#include "host/object/SubObject.h"
 #include "rig/RigBuild.h"
 #include "tests/src/rig/RigTestSupport.h"
 
@@ -69,10 +70,15 @@ TEST_F(CreateRig, TypesWithoutBuildersMakeTheMainControlOnly) {
     }
 }
 
+// The build leaves the point level, whose points it no longer shows; a second call
+// returns at once.
 TEST_F(CreateRig, TwiceAddsNothing) {
     RigSystem* rig = MakeRig();
     ASSERT_NE(rig, nullptr);
+    XFormModes modes;
+    rig->ActivateSubobjSel(RigSystem::kPointLevel, modes);
     rig->CreateRig();
+    EXPECT_EQ(rig->SubObjectLevel(), 0);
     const std::vector<uint8_t> once = SceneBytes();
     rig->CreateRig();
     EXPECT_TRUE(SceneBytes() == once);
