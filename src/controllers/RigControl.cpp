@@ -226,10 +226,7 @@ void RigControl::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod)
         tm = off.tm * tm;
         return;
     }
-    if (off.indep)
-        tm.PreTranslate(off.pos);
-    else
-        tm = off.tm * tm;
+    PrepareParent(tm, off);
     if (subs_[0]) subs_[0]->GetValue(t, &tm, valid, CTRL_RELATIVE);
     Point3 before;
     if (off.straight) {
@@ -289,11 +286,9 @@ void RigControl::Move(TimeValue t, SetXFormPacket& packet, const Offset& off, co
 void RigControl::Turn(TimeValue t, SetXFormPacket& packet, const Offset& off, const Mirror& m,
                       int commit) {
     Matrix3& tmParent = packet.tmParent;
-    if (!off.figure && off.indep) {
-        tmParent.PreTranslate(off.pos);
-        tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
-    } else if (!off.figure) {
-        tmParent = off.tm * tmParent;
+    if (!off.figure) {
+        PrepareParent(tmParent, off);
+        if (off.indep) tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
     }
     AngAxis aa = packet.aa;
     if (m.on && m.rotAxis >= 0)
@@ -327,7 +322,7 @@ void RigControl::Resize(TimeValue t, SetXFormPacket& packet, const Offset& off, 
     Interval ignored = FOREVER;
     if (off.indep) tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
     if (subs_[1]) subs_[1]->GetValue(t, &tmParent, ignored, CTRL_RELATIVE);
-    if (off.indep) tmParent = ScaleValueMatrix(off.scale) * tmParent;
+    if (off.indep) tmParent = off.scaleMatrix * tmParent;
     ScaleValue scale(p);
     if (!off.straight) scale.q = Quat(packet.tmAxis * Inverse(tmParent));
     subs_[2]->SetValue(t, &scale, commit, CTRL_RELATIVE);
@@ -339,19 +334,18 @@ void RigControl::Place(TimeValue t, SetXFormPacket& packet, const Offset& off, i
     Point3 pos;
     Quat rot;
     ScaleValue scale;
+    PrepareParent(tmParent, off);
     if (off.indep) {
-        tmParent.PreTranslate(off.pos);
         pos = (packet.tmAxis * Inverse(tmParent)).GetTrans();
         tmParent.PreTranslate(pos);
         tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
         rot = OrthoQuat(packet.tmAxis * Inverse(tmParent));
         tmParent = QuatMatrix(rot) * tmParent;
-        tmParent = ScaleValueMatrix(off.scale) * tmParent;
+        tmParent = off.scaleMatrix * tmParent;
         Point3 ignoredPos;
         Quat ignoredRot;
         DecomposeMatrix(packet.tmAxis * Inverse(tmParent), ignoredPos, ignoredRot, scale);
     } else {
-        tmParent = off.tm * tmParent;
         DecomposeMatrix(packet.tmAxis * Inverse(tmParent), pos, rot, scale);
     }
     if (off.straight) scale.q = Quat();
