@@ -38,8 +38,6 @@ constexpr SClass_ID kSubSuperClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION
                                            CTRL_SCALE_CLASS_ID};
 constexpr const wchar_t* kSubNames[RigControl::kSlots] = {L"Parameters", L"Position", L"Rotation",
                                                           L"Scale"};
-// The motion panel's bit among BeginEditParams's flags.
-constexpr uint32_t kBeginEditMotion = 2;
 
 // Setting connect_mirror_offset on one control sets it on every control of the rig.
 class ConnectMirrorAccessor : public PBAccessor {
@@ -522,7 +520,7 @@ int RigControl::Display(TimeValue, INode* node, ViewExp* vpt, int) {
 }
 
 void RigControl::BeginEditParams(IObjParam* ip, uint32_t flags, Animatable* prev) {
-    if (GetLocked() || !(flags & kBeginEditMotion) || edit_ || !pblock_) return;
+    if (GetLocked() || !(flags & BEGIN_EDIT_MOTION) || edit_ || !pblock_) return;
     edit_ = new EditState{ip, flags};
     const int titles[3] = {IDS_TRANSFORM, IDS_OFFSET_TRANSFORM, IDS_RIG_CONTROL_CLASS};
     for (int i = 0; i < 3; ++i)
