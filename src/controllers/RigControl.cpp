@@ -8,16 +8,14 @@
 #include "controllers/RigWalkers.h"
 #include "controllers/RotationXYZ.h"
 #include "frame/StringTable.h"
+#include "host/classes/ChunkIO.h"
 #include "host/math/AffineParts.h"
 #include "host/math/Euler.h"
 #include "host/math/MatrixHelpers.h"
 #include "host/object/ClassDesc2.h"
 #include "host/object/GraphicsWindow.h"
 #include "host/object/Hold.h"
-#include "host/object/ILoad.h"
-#include "host/object/ISave.h"
 #include "host/object/Interface.h"
-#include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectDisplay.h"
 #include "host/object/PanelService.h"
 #include "host/object/ParamBlockDesc2.h"
@@ -568,16 +566,16 @@ ReferenceTarget* RigControl::Clone(RemapDir& remap) {
 }
 
 IOResult RigControl::Save(ISave* isave) {
-    isave->WriteChunk(RIG_CONTROL_LOCKED_CHUNK, uint8_t(GetLocked() ? 1 : 0));
+    WriteFlagChunk(isave, RIG_CONTROL_LOCKED_CHUNK, GetLocked());
     return IO_OK;
 }
 
 IOResult RigControl::Load(ILoad* iload) {
-    return chunkio::ReadChunks(iload, [&](uint16_t id) {
+    return ReadChunks(iload, [&](uint16_t id) {
         if (id != RIG_CONTROL_LOCKED_CHUNK) return IO_OK;
-        uint8_t locked = 0;
-        if (iload->ReadValue(locked) != IO_OK) return IO_ERROR;
-        SetLocked(locked != 0);
+        bool locked = false;
+        if (ReadFlag(iload, locked) != IO_OK) return IO_ERROR;
+        SetLocked(locked);
         return IO_OK;
     });
 }
