@@ -413,7 +413,6 @@ Point3 RigControl::GetOffsetPos() {
 }
 
 void RigControl::SetOffsetPos(const Point3& p) {
-    if (!pblock_) return;
     Matrix3 m = GetOffsetTM();
     m.SetTrans(p);
     SetOffsetTM(m);
@@ -424,7 +423,7 @@ Quat RigControl::GetOffsetRot() {
 }
 
 void RigControl::SetOffsetRot(const Quat& q) {
-    if (pblock_) SetOffsetTM(ReplaceRotation(GetOffsetTM(), q));
+    SetOffsetTM(ReplaceRotation(GetOffsetTM(), q));
 }
 
 Point3 RigControl::GetOffsetScale() {
@@ -435,7 +434,6 @@ Point3 RigControl::GetOffsetScale() {
 }
 
 void RigControl::SetOffsetScale(const Point3& s) {
-    if (!pblock_) return;
     Matrix3 m = GetOffsetTM();
     m.Orthogonalize();
     m.PreScale(s);
