@@ -8,16 +8,14 @@
 #include "controllers/RigWalkers.h"
 #include "controllers/RotationXYZ.h"
 #include "frame/StringTable.h"
+#include "host/classes/ChunkIO.h"
 #include "host/math/AffineParts.h"
 #include "host/math/Euler.h"
 #include "host/math/MatrixHelpers.h"
 #include "host/object/ClassDesc2.h"
 #include "host/object/GraphicsWindow.h"
 #include "host/object/Hold.h"
-#include "host/object/ILoad.h"
-#include "host/object/ISave.h"
 #include "host/object/Interface.h"
-#include "host/object/ObjectChunkIO.h"
 #include "host/object/ObjectDisplay.h"
 #include "host/object/PanelService.h"
 #include "host/object/ParamBlockDesc2.h"
@@ -38,8 +36,6 @@ constexpr SClass_ID kSubSuperClasses[3] = {CTRL_POSITION_CLASS_ID, CTRL_ROTATION
                                            CTRL_SCALE_CLASS_ID};
 constexpr const wchar_t* kSubNames[RigControl::kSlots] = {L"Parameters", L"Position", L"Rotation",
                                                           L"Scale"};
-// The motion panel's bit among BeginEditParams's flags.
-constexpr uint32_t kBeginEditMotion = 2;
 
 // Setting connect_mirror_offset on one control sets it on every control of the rig.
 class ConnectMirrorAccessor : public PBAccessor {
@@ -226,10 +222,7 @@ void RigControl::GetValue(TimeValue t, void* val, Interval& valid, GetSetMethod)
         tm = off.tm * tm;
         return;
     }
-    if (off.indep)
-        tm.PreTranslate(off.pos);
-    else
-        tm = off.tm * tm;
+    PrepareParent(tm, off);
     if (subs_[0]) subs_[0]->GetValue(t, &tm, valid, CTRL_RELATIVE);
     Point3 before;
     if (off.straight) {
@@ -289,11 +282,9 @@ void RigControl::Move(TimeValue t, SetXFormPacket& packet, const Offset& off, co
 void RigControl::Turn(TimeValue t, SetXFormPacket& packet, const Offset& off, const Mirror& m,
                       int commit) {
     Matrix3& tmParent = packet.tmParent;
-    if (!off.figure && off.indep) {
-        tmParent.PreTranslate(off.pos);
-        tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
-    } else if (!off.figure) {
-        tmParent = off.tm * tmParent;
+    if (!off.figure) {
+        PrepareParent(tmParent, off);
+        if (off.indep) tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
     }
     AngAxis aa = packet.aa;
     if (m.on && m.rotAxis >= 0)
@@ -327,7 +318,7 @@ void RigControl::Resize(TimeValue t, SetXFormPacket& packet, const Offset& off, 
     Interval ignored = FOREVER;
     if (off.indep) tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
     if (subs_[1]) subs_[1]->GetValue(t, &tmParent, ignored, CTRL_RELATIVE);
-    if (off.indep) tmParent = ScaleValueMatrix(off.scale) * tmParent;
+    if (off.indep) tmParent = off.scaleMatrix * tmParent;
     ScaleValue scale(p);
     if (!off.straight) scale.q = Quat(packet.tmAxis * Inverse(tmParent));
     subs_[2]->SetValue(t, &scale, commit, CTRL_RELATIVE);
@@ -339,19 +330,18 @@ void RigControl::Place(TimeValue t, SetXFormPacket& packet, const Offset& off, i
     Point3 pos;
     Quat rot;
     ScaleValue scale;
+    PrepareParent(tmParent, off);
     if (off.indep) {
-        tmParent.PreTranslate(off.pos);
         pos = (packet.tmAxis * Inverse(tmParent)).GetTrans();
         tmParent.PreTranslate(pos);
         tmParent = QuatMatrix(OrthoQuat(off.tm)) * tmParent;
         rot = OrthoQuat(packet.tmAxis * Inverse(tmParent));
         tmParent = QuatMatrix(rot) * tmParent;
-        tmParent = ScaleValueMatrix(off.scale) * tmParent;
+        tmParent = off.scaleMatrix * tmParent;
         Point3 ignoredPos;
         Quat ignoredRot;
         DecomposeMatrix(packet.tmAxis * Inverse(tmParent), ignoredPos, ignoredRot, scale);
     } else {
-        tmParent = off.tm * tmParent;
         DecomposeMatrix(packet.tmAxis * Inverse(tmParent), pos, rot, scale);
     }
     if (off.straight) scale.q = Quat();
@@ -423,7 +413,6 @@ Point3 RigControl::GetOffsetPos() {
 }
 
 void RigControl::SetOffsetPos(const Point3& p) {
-    if (!pblock_) return;
     Matrix3 m = GetOffsetTM();
     m.SetTrans(p);
     SetOffsetTM(m);
@@ -434,7 +423,7 @@ Quat RigControl::GetOffsetRot() {
 }
 
 void RigControl::SetOffsetRot(const Quat& q) {
-    if (pblock_) SetOffsetTM(ReplaceRotation(GetOffsetTM(), q));
+    SetOffsetTM(ReplaceRotation(GetOffsetTM(), q));
 }
 
 Point3 RigControl::GetOffsetScale() {
@@ -445,7 +434,6 @@ Point3 RigControl::GetOffsetScale() {
 }
 
 void RigControl::SetOffsetScale(const Point3& s) {
-    if (!pblock_) return;
     Matrix3 m = GetOffsetTM();
     m.Orthogonalize();
     m.PreScale(s);
@@ -528,7 +516,7 @@ int RigControl::Display(TimeValue, INode* node, ViewExp* vpt, int) {
 }
 
 void RigControl::BeginEditParams(IObjParam* ip, uint32_t flags, Animatable* prev) {
-    if (GetLocked() || !(flags & kBeginEditMotion) || edit_ || !pblock_) return;
+    if (GetLocked() || !(flags & BEGIN_EDIT_MOTION) || edit_ || !pblock_) return;
     edit_ = new EditState{ip, flags};
     const int titles[3] = {IDS_TRANSFORM, IDS_OFFSET_TRANSFORM, IDS_RIG_CONTROL_CLASS};
     for (int i = 0; i < 3; ++i)
@@ -576,16 +564,16 @@ ReferenceTarget* RigControl::Clone(RemapDir& remap) {
 }
 
 IOResult RigControl::Save(ISave* isave) {
-    isave->WriteChunk(RIG_CONTROL_LOCKED_CHUNK, uint8_t(GetLocked() ? 1 : 0));
+    WriteFlagChunk(isave, RIG_CONTROL_LOCKED_CHUNK, GetLocked());
     return IO_OK;
 }
 
 IOResult RigControl::Load(ILoad* iload) {
-    return chunkio::ReadChunks(iload, [&](uint16_t id) {
+    return ReadChunks(iload, [&](uint16_t id) {
         if (id != RIG_CONTROL_LOCKED_CHUNK) return IO_OK;
-        uint8_t locked = 0;
-        if (iload->ReadValue(locked) != IO_OK) return IO_ERROR;
-        SetLocked(locked != 0);
+        bool locked = false;
+        if (ReadFlag(iload, locked) != IO_OK) return IO_ERROR;
+        SetLocked(locked);
         return IO_OK;
     });
 }

@@ -151,6 +151,13 @@ struct RotationXYZ::Rollup {
     IObjParam* ip = nullptr;
     uint32_t flags = 0;
     int track = 0;
+
+    // Closes the panel; no controller is shown.
+    void Close() {
+        if (panel) GetPanelService().DeleteRollup(panel);
+        panel = nullptr;
+        owner = nullptr;
+    }
 };
 
 RotationXYZ::Rollup& RotationXYZ::TheRollup() {
@@ -164,10 +171,7 @@ RotationXYZ::RotationXYZ(bool loading) : XYZController(kTrackNames, loading) {
 
 RotationXYZ::~RotationXYZ() {
     Rollup& rollup = TheRollup();
-    if (rollup.owner != this) return;
-    if (rollup.panel) GetPanelService().DeleteRollup(rollup.panel);
-    rollup.panel = nullptr;
-    rollup.owner = nullptr;
+    if (rollup.owner == this) rollup.Close();
 }
 
 WStr RotationXYZ::GetClassName() {
@@ -405,9 +409,7 @@ void RotationXYZ::EndEditParams(IObjParam* ip, uint32_t flags, Animatable* next)
         rollup.owner = following;
         return;
     }
-    if (rollup.panel) GetPanelService().DeleteRollup(rollup.panel);
-    rollup.panel = nullptr;
-    rollup.owner = nullptr;
+    rollup.Close();
 }
 
 int RotationXYZ::CurrentTrack() {
