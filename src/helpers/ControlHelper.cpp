@@ -179,7 +179,7 @@ void ControlHelper::ChangeType(int type) {
 void ControlHelper::ResetGizmo() {
     if (!pblock_) return;
     theHold.Begin();
-    SetGizmo(Matrix3());
+    SetGizmoTM(Matrix3());
     theHold.Accept(WStr(GetString(IDS_RESET_GIZMO)));
 }
 
