@@ -2,20 +2,16 @@
 
 #include <cassert>
 
-#include "extra/ExtraIds.h"
 #include "frame/StringTable.h"
 #include "helpers/ControlParamDefs.h"
 #include "host/classes/ChunkIO.h"
 #include "host/object/ClassDesc2.h"
 #include "host/object/GraphicsWindow.h"
-#include "host/object/HitLog.h"
 #include "host/object/Hold.h"
 #include "host/object/INode.h"
 #include "host/object/Interface.h"
 #include "host/object/ObjectDisplay.h"
-#include "host/object/PanelService.h"
 #include "host/object/ParamBlockDesc2.h"
-#include "host/object/RestoreObj.h"
 #include "host/object/SubObject.h"
 #include "host/object/ViewExp.h"
 
@@ -179,7 +175,7 @@ void ControlHelper::ChangeType(int type) {
 void ControlHelper::ResetGizmo() {
     if (!pblock_) return;
     theHold.Begin();
-    SetGizmo(Matrix3());
+    SetGizmoTM(Matrix3());
     theHold.Accept(WStr(GetString(IDS_RESET_GIZMO)));
 }
 

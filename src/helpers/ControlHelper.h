@@ -46,7 +46,6 @@ public:
                 host::IPoint2* p, host::ViewExp* vpt) override;
     int HitTest(host::TimeValue t, host::INode* node, int type, int crossing, int flags,
                 host::IPoint2* p, host::ViewExp* vpt, host::ModContext* mc) override;
-    void SetExtendedDisplay(int flags) override { extendedDisplay = flags; }
     int Display(host::TimeValue t, host::INode* node, host::ViewExp* vpt, int flags) override;
     // The object's origin is its one snap point.
     void Snap(host::TimeValue t, host::INode* node, host::SnapInfo* snap, host::IPoint2* p,
@@ -75,8 +74,6 @@ public:
     float DisplayWeight(host::TimeValue t, host::INode* node);
     // The outline as drawn at t, in shape space.
     host::WireOutline Outline(host::TimeValue t, host::INode* node, const host::Matrix3& displayTM);
-
-    int extendedDisplay = 0;
 
 protected:
     host::IParamBlock2* ControlBlock() override { return pblock_; }

@@ -55,11 +55,6 @@ void ControlObject<Base, Published>::EndEditParams(IObjParam*, uint32_t, Animata
 }
 
 template <class Base, class Published>
-void ControlObject<Base, Published>::SetGizmo(const Matrix3& g) {
-    this->ControlBlock()->SetValue(CH_GIZMO, 0, g);
-}
-
-template <class Base, class Published>
 bool ControlObject<Base, Published>::FaceCamera(TimeValue t) {
     return this->ControlBlock()->GetInt(CH_FACE_CAMERA, t) != 0;
 }
@@ -69,7 +64,7 @@ void ControlObject<Base, Published>::Move(TimeValue t, Matrix3& partm, Matrix3& 
                                           bool) {
     IParamBlock2* pb = this->ControlBlock();
     if (!pb || subObjLevel != kGizmoLevel) return;
-    SetGizmo(MovedGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val));
+    this->SetGizmoTM(MovedGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val));
 }
 
 template <class Base, class Published>
@@ -77,7 +72,7 @@ void ControlObject<Base, Published>::Rotate(TimeValue t, Matrix3& partm, Matrix3
                                             bool) {
     IParamBlock2* pb = this->ControlBlock();
     if (!pb || subObjLevel != kGizmoLevel) return;
-    SetGizmo(RotatedGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val, FaceCamera(t)));
+    this->SetGizmoTM(RotatedGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val, FaceCamera(t)));
 }
 
 template <class Base, class Published>
@@ -85,7 +80,7 @@ void ControlObject<Base, Published>::Scale(TimeValue t, Matrix3& partm, Matrix3&
                                            Point3& val, bool) {
     IParamBlock2* pb = this->ControlBlock();
     if (!pb || subObjLevel != kGizmoLevel) return;
-    SetGizmo(ScaledGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val, FaceCamera(t)));
+    this->SetGizmoTM(ScaledGizmo(pb->GetMatrix3(CH_GIZMO, t), partm, tmAxis, val, FaceCamera(t)));
 }
 
 template <class Base, class Published>

@@ -72,8 +72,6 @@ protected:
     void RefreshSelection() override;
     host::ReferenceTarget* SelectorOwner() override { return this; }
     void RefreshRollups();
-    // Writes g into the gizmo at time 0.
-    void SetGizmo(const host::Matrix3& g);
 
     int subObjLevel = kObjectLevel;
 

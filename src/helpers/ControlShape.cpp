@@ -86,17 +86,13 @@ Point3 ControlShape::OffsetLineEnd(TimeValue t, const Matrix3& shapeTM) {
     return pivot * Inverse(shapeTM);
 }
 
+// UpdateShape opens ivalid before the build and applies the interpolation, the
+// selections and the cache reset after it.
 void ControlShape::BuildShape(TimeValue t, BezierShape& out) {
-    ivalid = FOREVER;
     out.NewShape();
-    if (!pblock2) {
-        out.UpdateSels();
-        out.InvalidateGeomCache();
-        return;
-    }
+    if (!pblock2) return;
     NarrowByBlock(t);
     gizmoTM = ShapeTM(t);
-    ApplyInterpolation(t, out);
     ShapeInputs in = ReadShapeInputs(pblock2, t);
     if (in.offsetLine) {
         in.nodePosition = OffsetLineEnd(t, gizmoTM);
@@ -107,8 +103,6 @@ void ControlShape::BuildShape(TimeValue t, BezierShape& out) {
     // The IKFK glyph has no building form, so an IKFK shape stays empty.
     BuildShapeSplines(in, out);
     out.Transform(gizmoTM);
-    out.UpdateSels();
-    out.InvalidateGeomCache();
 }
 
 bool ControlShape::SetType(int type, TimeValue t) {

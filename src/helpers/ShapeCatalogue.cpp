@@ -234,6 +234,13 @@ const wchar_t* ShapeLabel(int i) {
     return InCatalogue(i) ? kShapeNames[i].label : nullptr;
 }
 
+ShapeSizing ShapeSizingOf(int i) {
+    if (!InCatalogue(i)) return {};
+    const MemberRow& row = kMembers[i];
+    return {row.extents == Extents::ByUniform, row.warp != Warp::None,
+            row.warp == Warp::Box || row.warp == Warp::Bend};
+}
+
 ShapeInputs ReadShapeInputs(IParamBlock2* pb, TimeValue t) {
     ShapeInputs in;
     if (!pb) return in;

@@ -65,6 +65,17 @@ inline constexpr int kShapeCount = 43;
 const wchar_t* ShapeEnumName(int i);
 const wchar_t* ShapeLabel(int i);
 
+// Which of the block's sizing and warp parameters shape index i reads: whether it
+// offers the uniform switch (sized by length and width when it is off, by size alone
+// otherwise), whether it warps, and whether the warp axis steers the warp. All false
+// past the catalogue.
+struct ShapeSizing {
+    bool byUniform = false;
+    bool warps = false;
+    bool warpAxis = false;
+};
+ShapeSizing ShapeSizingOf(int i);
+
 // The numbers every outline reads, from the control helper's block at one time.
 // Percents are fractions; lengths are world units.
 struct ShapeInputs {
