@@ -33,11 +33,6 @@ PointPair AddPair(GuideBuilder& b, int component, const wchar_t* name, int index
                   const Point3& localPos, int side, PointPair parent, const SideFrames& frames,
                   bool keepOld, uint32_t flags) {
     PointPair made;
-    if (side == kSideCenter) {
-        made.right = b.AddCenterPoint(component, name, index, localPos, parent.right, frames.right,
-                                      keepOld, nullptr, flags);
-        return made;
-    }
     b.AddMirroredPoints(component, name, index, localPos, side, parent.right, parent.left,
                         frames.right, frames.left, keepOld, &made.right, &made.left, flags);
     return made;
