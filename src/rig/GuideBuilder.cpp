@@ -8,14 +8,12 @@ using namespace host;
 
 namespace {
 
-RigPoint MakePoint(int component, WStr name, uint32_t flags, const Point3& pos, int drawType,
-                   int parent) {
+RigPoint MakePoint(int component, WStr name, uint32_t flags, const Point3& pos, int parent) {
     RigPoint p;
     p.component = component;
     p.name = std::move(name);
     p.flags = flags;
     p.pos = pos;
-    p.drawType = drawType;
     p.parent = parent;
     return p;
 }
@@ -43,32 +41,30 @@ bool GuideBuilder::KeepOld(std::initializer_list<RigParam> ids) const {
 
 int GuideBuilder::AddCenterPoint(int component, const wchar_t* name, int index,
                                  const Point3& localPos, int parent, const Matrix3& frame,
-                                 bool keepOld, int* outIndex, uint32_t flags, int drawType) {
-    RigPoint p = MakePoint(component, RigShortName(name, kSideNone, index), flags, localPos * frame,
-                           drawType, parent);
-    const int i = Add(std::move(p), keepOld);
-    if (outIndex) *outIndex = i;
-    return i;
+                                 bool keepOld, uint32_t flags) {
+    return Add(
+        MakePoint(component, RigShortName(name, kSideNone, index), flags, localPos * frame, parent),
+        keepOld);
 }
 
 void GuideBuilder::AddMirroredPoints(int component, const wchar_t* name, int index,
                                      const Point3& localPos, int side, int parentRight,
                                      int parentLeft, const Matrix3& frameRight,
                                      const Matrix3& frameLeft, bool keepOld, int* outRight,
-                                     int* outLeft, uint32_t flags, int drawType) {
+                                     int* outLeft, uint32_t flags) {
     int right = -1;
     int left = -1;
     if (side == kSideCenter) {
         right = AddCenterPoint(component, name, index, localPos, parentRight, frameRight, keepOld,
-                               nullptr, flags, drawType);
+                               flags);
     }
     if (side == kSideRight || side == kSideBoth)
         right = Add(MakePoint(component, RigShortName(name, kSideRight, index), flags + kPointRight,
-                              localPos * frameRight, drawType, parentRight),
+                              localPos * frameRight, parentRight),
                     keepOld);
     if (side == kSideLeft || side == kSideBoth)
         left = Add(MakePoint(component, RigShortName(name, kSideLeft, index), flags + kPointLeft,
-                             localPos * frameLeft, drawType, parentLeft),
+                             localPos * frameLeft, parentLeft),
                    keepOld);
     if (right >= 0 && left >= 0) {
         points_[size_t(right)].mirror = left;

@@ -31,8 +31,7 @@ public:
     // One point, named name or, with index 0 or more, "name_<index+1>", at
     // localPos * frame. Returns its index.
     int AddCenterPoint(int component, const wchar_t* name, int index, const host::Point3& localPos,
-                       int parent, const host::Matrix3& frame, bool keepOld,
-                       int* outIndex = nullptr, uint32_t flags = 0, int drawType = 0);
+                       int parent, const host::Matrix3& frame, bool keepOld, uint32_t flags = 0);
     // The right and/or left point of a pair, by side (0 right "r_", 1 left "l_", 2 both,
     // 3 one point without prefix). The right point takes flags + 1, the left flags + 2;
     // each is placed through its own frame. When both are made they are each other's
@@ -40,8 +39,7 @@ public:
     void AddMirroredPoints(int component, const wchar_t* name, int index,
                            const host::Point3& localPos, int side, int parentRight, int parentLeft,
                            const host::Matrix3& frameRight, const host::Matrix3& frameLeft,
-                           bool keepOld, int* outRight, int* outLeft, uint32_t flags = 0,
-                           int drawType = 0);
+                           bool keepOld, int* outRight, int* outLeft, uint32_t flags = 0);
 
     // The left frame of a right frame: a scale of (-1, 1, 1) applied first.
     static host::Matrix3 MirrorFrame(const host::Matrix3& right);

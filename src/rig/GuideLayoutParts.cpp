@@ -33,11 +33,6 @@ PointPair AddPair(GuideBuilder& b, int component, const wchar_t* name, int index
                   const Point3& localPos, int side, PointPair parent, const SideFrames& frames,
                   bool keepOld, uint32_t flags) {
     PointPair made;
-    if (side == kSideCenter) {
-        made.right = b.AddCenterPoint(component, name, index, localPos, parent.right, frames.right,
-                                      keepOld, nullptr, flags);
-        return made;
-    }
     b.AddMirroredPoints(component, name, index, localPos, side, parent.right, parent.left,
                         frames.right, frames.left, keepOld, &made.right, &made.left, flags);
     return made;
@@ -80,25 +75,19 @@ Point3 PolylinePoint(const std::vector<Point3>& polyline, float fraction) {
     return polyline.back();
 }
 
-std::wstring Indexed(const wchar_t* name, int index) {
-    std::wstring base = name;
-    if (index >= 0) base += L"_" + std::to_wstring(index + 1);
-    return base;
-}
-
 void AddBonePoints(GuideBuilder& b, int component, const wchar_t* name, int index, int count,
                    const std::vector<Point3>& polyline, int side, PointPair parent,
                    const SideFrames& frames, bool keepOld) {
-    const std::wstring base = Indexed((std::wstring(name) + L"_bone").c_str(), index);
+    const WStr base = RigShortName((std::wstring(name) + L"_bone").c_str(), kSideNone, index);
     for (int k = 0; k < count; ++k) {
         const Point3 pos = PolylinePoint(polyline, (float(k) + 0.5f) / float(count));
-        parent = AddPair(b, component, base.c_str(), k, pos, side, parent, frames, keepOld);
+        parent = AddPair(b, component, base.data(), k, pos, side, parent, frames, keepOld);
     }
 }
 
 std::vector<PointPair> AddChain(GuideBuilder& b, const Chain& chain, int side, PointPair parent,
                                 const SideFrames& frames) {
-    const std::wstring base = Indexed(chain.name, chain.index);
+    const WStr base = RigShortName(chain.name, kSideNone, chain.index);
     const int n = std::max(1, chain.controls);
     const int a = chain.gapStart ? 1 : 0;
     const int span = n + a + (chain.gapEnd ? 1 : 0) - 1;
@@ -109,7 +98,7 @@ std::vector<PointPair> AddChain(GuideBuilder& b, const Chain& chain, int side, P
     for (int k = 0; k < n; ++k) {
         const float t = span > 0 ? float(k + a) / float(span) : 0.0f;
         const Point3 pos = Lerp(chain.from, chain.to, t);
-        parent = AddPair(b, chain.component, base.c_str(), k, pos, side, parent, frames,
+        parent = AddPair(b, chain.component, base.data(), k, pos, side, parent, frames,
                          chain.keepControls, chain.flags);
         made.push_back(parent);
         polyline.push_back(pos);

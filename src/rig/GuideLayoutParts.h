@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "rig/GuideBuilder.h"
+#include "rig/RigNames.h"
 
 // The part layouts that the rig types compose. Every part takes its right-side constants
 // (X negative) in a local frame; the caller places the part by that frame. Left points
@@ -42,9 +42,6 @@ host::Point3 BezierPoint(const host::Point3 (&bezier)[4], float t);
 
 // The position at fraction (0 to 1) of the polyline's length.
 host::Point3 PolylinePoint(const std::vector<host::Point3>& polyline, float fraction);
-
-// "name" or "name_<index+1>": the base of a numbered chain's point names.
-std::wstring Indexed(const wchar_t* name, int index);
 
 // count bone points "<name>_bone[_<index+1>]_<n>" at the middles of count equal shares
 // of the polyline (local), each a child of the one before; the first hangs on parent.

@@ -177,7 +177,7 @@ SideFrames PartFrames(const GuideBuilder& b, float scale, float apart) {
 // Types 9 and 10 stand on a fixed pelvis.
 int FixedPelvis(GuideBuilder& b) {
     return b.AddCenterPoint(kCompSpine, L"pelvis", -1, Point3(0.0f, 0.0f, 1.0f), -1, Matrix3(),
-                            true, nullptr, kPointFixed);
+                            true, kPointFixed);
 }
 
 }  // namespace

@@ -159,7 +159,7 @@ void HandLayout(GuideBuilder& b, const SideFrames& frames, int side, int index, 
                                    b.KeepOld(RIG_ARM_PAIRS));
     const int fingers = params[RIG_FINGERS];
     const bool keep = b.KeepOld({RIG_ARM_PAIRS, RIG_FINGERS, RIG_FINGER_BONES, RIG_METACARPALS});
-    const std::wstring metacarpal = Indexed(L"metacarpal", index);
+    const WStr metacarpal = RigShortName(L"metacarpal", kSideNone, index);
     for (int f = 0; f < fingers; ++f) {
         const float scale = fingers > 1 && f == 0 ? kThumbScale : 1.0f;
         const Point3 start(kFingerStart.x * scale, kFingerStart.y + kFingerSpacing * float(f),
@@ -167,20 +167,20 @@ void HandLayout(GuideBuilder& b, const SideFrames& frames, int side, int index, 
         PointPair root = hand;
         if (params.On(RIG_METACARPALS))
             root =
-                AddPair(b, kCompFingers, metacarpal.c_str(), f,
+                AddPair(b, kCompFingers, metacarpal.data(), f,
                         Point3(start.x * 0.5f, start.y, start.z * 0.5f), side, hand, frames, keep);
-        const std::wstring finger = Indexed(L"finger", index) + L"_" + std::to_wstring(f + 1);
+        const WStr finger = RigShortName(L"finger", kSideNone, index, f);
         Chain chain;
         chain.component = kCompFingers;
-        chain.name = finger.c_str();
+        chain.name = finger.data();
         chain.controls = std::max(1, params[RIG_FINGER_BONES]);
         chain.from = start;
         chain.to = start + Point3(-kFingerJoint * scale * float(chain.controls), 0.0f, 0.0f);
         chain.keepControls = keep;
         AddChain(b, chain, side, root, frames);
     }
-    AddPair(b, kCompArms, Indexed(L"hand_end", index).c_str(), -1, kHandEnd, side, hand, frames,
-            b.KeepOld(RIG_ARM_PAIRS));
+    AddPair(b, kCompArms, RigShortName(L"hand_end", kSideNone, index).data(), -1, kHandEnd, side,
+            hand, frames, b.KeepOld(RIG_ARM_PAIRS));
 }
 
 void LegLayout(GuideBuilder& b, const SideFrames& frames, int side, PointPair parent) {
@@ -226,10 +226,10 @@ void FootLayout(GuideBuilder& b, const SideFrames& frames, int side, bool front,
         if (params.On(RIG_METATARSALS))
             root = AddPair(b, kCompToes, metatarsalName, t, Point3(x * 0.5f, -0.2f, 0.2f), side,
                            foot, frames, keepToes);
-        const std::wstring toe = std::wstring(toeName) + L"_" + std::to_wstring(t + 1);
+        const WStr toe = RigShortName(toeName, kSideNone, t);
         Chain chain;
         chain.component = kCompToes;
-        chain.name = toe.c_str();
+        chain.name = toe.data();
         chain.controls = std::max(1, params[RIG_TOE_BONES]);
         chain.from = start;
         chain.to = Point3(start.x, start.y - kToeLength, 0.0f);

@@ -79,12 +79,12 @@ SpineResult SpineLayout(GuideBuilder& b, const Matrix3& frame, bool horizontal, 
         b.AddCenterPoint(kCompSpine, L"pelvis", spineIndex, curve[0], parent, frame, true);
     const int count = std::max(1, params[RIG_SPINE_CONTROLS]);
     const bool keep = b.KeepOld(RIG_SPINE_CONTROLS);
-    const std::wstring base = Indexed(L"spine", spineIndex);
+    const WStr base = RigShortName(L"spine", kSideNone, spineIndex);
     std::vector<Point3> polyline{curve[0]};
     int previous = result.pelvis;
     for (int i = 0; i < count; ++i) {
         const Point3 pos = BezierPoint(curve, SplineFraction(curve, float(i + 1) / float(count)));
-        previous = b.AddCenterPoint(kCompSpine, base.c_str(), i, pos, previous, frame, keep);
+        previous = b.AddCenterPoint(kCompSpine, base.data(), i, pos, previous, frame, keep);
         result.spine.push_back(previous);
         polyline.push_back(pos);
     }

@@ -70,8 +70,6 @@ bool BuildArmPairsQuad(RigBuild& b, int mode, host::INode* parent, host::INode* 
                        host::INode* chestLink);
 bool BuildArm(RigBuild& b, int side, int pair, host::INode* parent, host::INode* link);
 bool BuildLeg(RigBuild& b, int side, int kind, host::INode* parent, host::INode* link, int pair);
-// The legs of the Legs and BackLegs types on the rig's side parameter (0, 1 or 2 both).
-bool BuildLegs(RigBuild& b, int side, int kind);
 bool BuildHand(RigBuild& b, int side, int type, host::INode* parent);
 bool BuildFeetType(RigBuild& b, int kind);
 bool BuildInsectLeg(RigBuild& b, int side, host::INode* parent, host::INode* link, int pair);

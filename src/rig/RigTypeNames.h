@@ -1,7 +1,6 @@
 #pragma once
 
-#include <cwctype>
-
+#include "host/object/FPInterfaceDesc.h"
 #include "rig/RigIds.h"
 
 namespace zorvanta {
@@ -16,12 +15,8 @@ inline constexpr const wchar_t* kRigTypeNames[kRigTypeCount] = {
 
 // The type whose script name is name, compared without regard to case, or -1.
 inline int FindRigType(const wchar_t* name) {
-    for (int type = 0; type < kRigTypeCount; ++type) {
-        const wchar_t* a = kRigTypeNames[type];
-        const wchar_t* b = name;
-        while (*a && *b && std::towlower(wint_t(*a)) == std::towlower(wint_t(*b))) ++a, ++b;
-        if (!*a && !*b) return type;
-    }
+    for (int type = 0; type < kRigTypeCount; ++type)
+        if (host::SameName(kRigTypeNames[type], name)) return type;
     return -1;
 }
 

@@ -28,6 +28,11 @@ bool PerSide(RigBuild& b, const Step& step) {
     return built;
 }
 
+// The legs of the Legs, FrontLegs and BackLegs types, on the root.
+bool BuildRootLegs(RigBuild& b, int kind) {
+    return PerSide(b, [&](int side) { return BuildLeg(b, side, kind, b.rootNode, b.rootNode, 0); });
+}
+
 // The shape of a one-spine body: Biped, Minotaur and Quadruped.
 struct BodyPlan {
     int spineMode;
@@ -57,13 +62,6 @@ bool BuildBody(RigBuild& b, const BodyPlan& plan) {
 
 bool BuildsSide(int sideParam, int side) {
     return sideParam == kSideBoth || sideParam == side;
-}
-
-bool BuildLegs(RigBuild& b, int side, int kind) {
-    bool built = false;
-    for (int s : {kSideRight, kSideLeft})
-        if (BuildsSide(side, s)) built |= BuildLeg(b, s, kind, b.rootNode, b.rootNode, 0);
-    return built;
 }
 
 bool BuildCentaur(RigBuild& b) {
@@ -130,7 +128,7 @@ bool BuildTypeSequence(RigBuild& b, int type) {
             return built;
         }
         case kRigLegs:
-            return BuildLegs(b, Param(b, RIG_SIDE), kLegPlain);
+            return BuildRootLegs(b, kLegPlain);
         case kRigSpine:
             return BuildSpine(b, b.rootNode, b.rootNode, spine, kSpineTwoLegged, -1);
         case kRigHead:
@@ -138,11 +136,9 @@ bool BuildTypeSequence(RigBuild& b, int type) {
         case kRigTail:
             return BuildTails(b, b.rootNode, b.rootNode, b.rootNode);
         case kRigFrontLegs:
-            return PerSide(b, [&](int side) {
-                return BuildLeg(b, side, kLegFront, b.rootNode, b.rootNode, 0);
-            });
+            return BuildRootLegs(b, kLegFront);
         case kRigBackLegs:
-            return BuildLegs(b, Param(b, RIG_SIDE), kLegAnimal);
+            return BuildRootLegs(b, kLegAnimal);
         case kRigQuadruped:
             return BuildBody(b, {kSpineFourLegged, kLegAnimal, true});
         case kRigMinotaur:
