@@ -1,6 +1,8 @@
 #include "apps/zorvanta/RigCommand.h"
 
 #include <cerrno>
+#include <charconv>
+#include <cmath>
 #include <cstdlib>
 
 #include "apps/zorvanta/RenderCommand.h"
@@ -31,14 +33,14 @@ bool ParseFloat(const std::string& text, float& value) {
     char* end = nullptr;
     errno = 0;
     value = std::strtof(text.c_str(), &end);
-    return errno == 0 && end == text.c_str() + text.size();
+    return errno == 0 && end == text.c_str() + text.size() && std::isfinite(value);
 }
 
+// The whole text as a decimal integer that fits an int.
 bool ParseWhole(const std::string& text, int& value) {
-    float f = 0.0f;
-    if (!ParseFloat(text, f) || text.find_first_of(".eE") != std::string::npos) return false;
-    value = int(f);
-    return true;
+    const char* end = text.data() + text.size();
+    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
+    return ec == std::errc() && ptr == end && !text.empty();
 }
 
 bool ParseBool(const std::string& text, int& value) {
