@@ -9,6 +9,7 @@
 #include "helpers/HelperIds.h"
 #include "host/object/Hold.h"
 #include "host/object/IDerivedObject.h"
+#include "host/object/INode.h"
 #include "host/object/IParamBlock2.h"
 #include "host/object/Interface.h"
 #include "host/object/Object.h"
@@ -39,16 +40,6 @@ const PanelAction kPanelActions[] = {
     {L"Reset", {432, 87}, L"Zorvanta.activeUIPanel.ResetControls selected:true"},
 };
 constexpr Point2 kPanelActionSize{59, 22};
-
-// The node whose object is obj, or null.
-INode* ObjectNode(Object* obj) {
-    DependentIterator it(obj);
-    while (ReferenceMaker* maker = it.Next())
-        if (auto* node = dynamic_cast<INode*>(maker))
-            if (Object* ref = node->GetObjectRef(); ref && ref->FindBaseObject() == obj)
-                return node;
-    return nullptr;
-}
 
 void StartBuild(RigSystem& rig, RigBuild& b) {
     b.controlsLayer = b.GetOrCreateLayer(L"Controls");
@@ -137,7 +128,7 @@ void EndBuild(RigSystem& rig, RigBuild& b) {
     PairMirroredControls(b);
     if (!b.mainNode) return;
     // The rig was built at the origin; it moves to where the rig object stands.
-    INode* own = ObjectNode(&rig);
+    INode* own = FindObjectNode(&rig);
     b.mainNode->SetNodeTM(0, own ? own->GetNodeTM(0) : Matrix3());
     // Controls were built in figure mode; leaving it on main leaves it on the whole rig.
     if (RigControl* rc = FindRigControl(b.mainNode->GetTMController())) rc->SetFigureMode(false);
