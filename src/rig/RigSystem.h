@@ -198,10 +198,7 @@ private:
     class PointsRestore;
     class PointsPosRestore;
     class PointsSelRestore;
-    class ExtraRestore;
-    class AddExtraRestore;
-    class RemoveExtraRestore;
-    class SortExtraRestore;
+    class ExtrasRestore;
 
     // After the points changed: derived lists rebuilt, bounds dirty, dependents told.
     void PointsChanged();
@@ -216,7 +213,7 @@ private:
     // Orders the extras so that each comes after what it hangs on (undoable), keeping
     // selected_component on the same extra.
     void SortExtras();
-    // One undoable edit of extra index: ExtraRestore, change, sort, rebuild.
+    // One undoable edit of extra index: ExtrasRestore, change, sort, rebuild.
     template <class Change>
     bool EditExtra(int index, Change change);
     // Renames the points of an extra whose record changes from before to after, so a
