@@ -145,15 +145,13 @@ WStr RigSystem::GetClassName() {
 }
 
 // The rig's rollup, through the panel service (nothing opens without a user interface).
-void RigSystem::BeginEditParams(IObjParam* editIp, uint32_t, Animatable*) {
-    ip = editIp;
+void RigSystem::BeginEditParams(IObjParam*, uint32_t, Animatable*) {
     rollup = GetPanelService().AddRollup(this, ClassID(), WStr(GetString(IDS_PARAMETERS)));
 }
 
 void RigSystem::EndEditParams(IObjParam*, uint32_t, Animatable*) {
     if (rollup) GetPanelService().DeleteRollup(rollup);
     rollup = nullptr;
-    ip = nullptr;
 }
 
 FPInterface* RigSystem::GetInterface(Interface_ID id) {
@@ -167,17 +165,14 @@ void RigSystem::RebuildPoints(bool discard) {
 
 void RigSystem::RebuildPoints(bool discard, const GuideParams& params) {
     if (theHold.Holding()) theHold.Put(new PointsRestore(this));
-    rebuilding = true;
-    sortData.clear();
-    if (discard) points.clear();
-    oldPoints = std::move(points);
+    // The points of the previous rebuild, whose moved positions carry over.
+    std::vector<RigPoint> oldPoints;
+    if (!discard) oldPoints = std::move(points);
     points.clear();
     GuideBuilder builder(points, oldPoints, params, lastParams, selectedComponent);
     BuildGuideLayout(builder);
     BuildExtraPoints(points, oldPoints, extras, selectedComponent);
-    oldPoints.clear();
     lastParams = params;
-    rebuilding = false;
     PointsChanged();
 }
 
@@ -266,14 +261,13 @@ void RigSystem::UpdateBounds(TimeValue t) {
     const float size = HelperSize();
     if (!boundsDirty && t == boundsTime && size == boundsSize) return;
     bounds.Init();
-    selBounds.Init();
     numSelected = 0;
     Point3 sum;
     for (const RigPoint& p : points) {
-        bounds += p.pos * size;
+        const Point3 at = p.pos * size;
+        bounds += at;
         if (!p.selected || p.Fixed()) continue;
-        selBounds += p.pos * size;
-        sum += p.pos * size;
+        sum += at;
         ++numSelected;
     }
     gizmoTM = Matrix3();
@@ -296,10 +290,6 @@ void RigSystem::LoadTemplateState(const TemplateState& state) {
     extras = state.extras;
     lastParams = state.params;
     PointsChanged();
-}
-
-void RigSystem::ReadColors() {
-    for (int i = 0; i < 6; ++i) colors[i] = pblock_->GetColor(ParamID(RIG_COLOR_1 + i));
 }
 
 }  // namespace zorvanta

@@ -67,11 +67,10 @@ public:
     int FindPoint(const wchar_t* name, int side = -1, int index = -1, int sub = -1) const;
     // Point i in object space (pos * helper_size); zero for a bad index.
     host::Point3 PointPos(int i) const;
-    // The bounds of all points and of the selected ones (object space), and the
-    // sub-object gizmo at the selection's centre; recomputed when dirty or t moved.
+    // The bounds of all points (object space), and the sub-object gizmo at the
+    // selection's centre; recomputed when dirty or t moved.
     void UpdateBounds(host::TimeValue t);
     const host::Box3& PointsBox() const { return bounds; }
-    const host::Box3& SelectionBox() const { return selBounds; }
     // The structural parameter values seen at the last rebuild.
     const GuideParams& LastParams() const { return lastParams; }
 
@@ -184,28 +183,18 @@ public:
     std::vector<RigPoint> points;
     // The user's extra chains, sorted so that each comes after what it hangs on.
     std::vector<RigExtra> extras;
-    // The points of the previous rebuild, during a rebuild only.
-    std::vector<RigPoint> oldPoints;
     host::BitArray pointSelection;
-    std::vector<int> sortData;
     // A copy of selected_component: a component id, or 1000 + an extra's index.
     int selectedComponent = 0;
-    // Six rig colours: right alternate, right main, centre alternate, centre main, left
-    // alternate, left main.
-    host::Point3 colors[6];
 
 private:
     class PointsRestore;
     class PointsPosRestore;
     class PointsSelRestore;
-    class ExtraRestore;
-    class AddExtraRestore;
-    class RemoveExtraRestore;
-    class SortExtraRestore;
+    class ExtrasRestore;
 
     // After the points changed: derived lists rebuilt, bounds dirty, dependents told.
     void PointsChanged();
-    void ReadColors();
 
     // --- Added for the accessors, the extras and scene files ------------------------
     class TypeDefaultsWriter;
@@ -216,7 +205,7 @@ private:
     // Orders the extras so that each comes after what it hangs on (undoable), keeping
     // selected_component on the same extra.
     void SortExtras();
-    // One undoable edit of extra index: ExtraRestore, change, sort, rebuild.
+    // One undoable edit of extra index: ExtrasRestore, change, sort, rebuild.
     template <class Change>
     bool EditExtra(int index, Change change);
     // Renames the points of an extra whose record changes from before to after, so a
@@ -261,14 +250,11 @@ private:
 
     GuideParams lastParams;
     host::Box3 bounds;
-    host::Box3 selBounds;
     host::Matrix3 gizmoTM;
     int numSelected = 0;
     host::TimeValue boundsTime = 0;
     bool boundsDirty = true;
-    bool rebuilding = false;
     int subObjLevel = 0;
-    host::IObjParam* ip = nullptr;
     void* rollup = nullptr;
 };
 

@@ -9,6 +9,7 @@
 #include "helpers/HelperIds.h"
 #include "host/object/Hold.h"
 #include "host/object/IDerivedObject.h"
+#include "host/object/INode.h"
 #include "host/object/IParamBlock2.h"
 #include "host/object/Interface.h"
 #include "host/object/Object.h"

@@ -21,11 +21,11 @@ constexpr MarkerType kSelectedMarker = BIG_BOX_MRKR;
 constexpr MarkerType kFixedMarker = X_MRKR;
 constexpr MarkerType kBuiltMarker = SM_HOLLOW_BOX_MRKR;
 
-// The main rig colour of a point's side: right, centre or left.
-ParamID SideColor(const RigPoint& p) {
-    if (p.flags & kPointRight) return RIG_COLOR_2;
-    if (p.flags & kPointLeft) return RIG_COLOR_6;
-    return RIG_COLOR_4;
+// A point's side in the colour table of DrawFigure: right, centre or left.
+int SideSlot(const RigPoint& p) {
+    if (p.flags & kPointRight) return 0;
+    if (p.flags & kPointLeft) return 2;
+    return 1;
 }
 
 // One click places the rig: the clicked point on the construction plane becomes the
@@ -64,11 +64,15 @@ void RigSystem::DrawFigure(GraphicsWindow* gw, TimeValue t, INode* node) {
     // being edited.
     const bool wholeSelected = node->Selected() && subObjLevel != kPointLevel;
     const Point3 selectionColor = GetUIColor(COLOR_SELECTION);
+    // The main rig colour of each side, read once for the whole figure.
+    Point3 sideColors[3];
+    const ParamID sideParams[3] = {RIG_COLOR_2, RIG_COLOR_4, RIG_COLOR_6};
+    for (int side = 0; side < 3; ++side)
+        sideColors[side] = wholeSelected ? selectionColor : pblock_->GetColor(sideParams[side], t);
     for (const RigPoint& p : points) {
         if (p.parent < 0 || size_t(p.parent) >= points.size()) continue;
         const Point3 link[2] = {points[size_t(p.parent)].pos * size, p.pos * size};
-        gw->setColor(LINE_COLOR,
-                     wholeSelected ? selectionColor : pblock_->GetColor(SideColor(p), t));
+        gw->setColor(LINE_COLOR, sideColors[SideSlot(p)]);
         gw->polyline(2, link, nullptr, 0, nullptr);
     }
     for (int i : drawOrder) {
@@ -81,8 +85,7 @@ void RigSystem::DrawFigure(GraphicsWindow* gw, TimeValue t, INode* node) {
             gw->setColor(MARKER_COLOR, GetUIColor(COLOR_SUBSELECTION));
             gw->marker(&at, kSelectedMarker);
         } else {
-            gw->setColor(MARKER_COLOR,
-                         wholeSelected ? selectionColor : pblock_->GetColor(SideColor(p), t));
+            gw->setColor(MARKER_COLOR, sideColors[SideSlot(p)]);
             gw->marker(&at, kPointMarker);
         }
     }

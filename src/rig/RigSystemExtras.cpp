@@ -14,84 +14,11 @@ namespace zorvanta {
 
 using namespace host;
 
-// One extra's record before an edit.
-class RigSystem::ExtraRestore : public RestoreObj {
+// The extras as a whole before an edit, and after it.
+class RigSystem::ExtrasRestore : public SnapshotRestore<RigSystem, std::vector<RigExtra>> {
 public:
-    ExtraRestore(RigSystem* rig, int index)
-        : pin_(rig), rig_(rig), index_(index), undo_(rig->extras[size_t(index)]) {}
-    void Restore(bool isUndo) override {
-        if (isUndo) redo_ = Slot();
-        Slot() = undo_;
-        rig_->PointsChanged();
-    }
-    void Redo() override {
-        Slot() = redo_;
-        rig_->PointsChanged();
-    }
-    int Size() override { return int(sizeof(*this)); }
-    WStr Description() override { return WStr(L"ExtraRestore"); }
-
-private:
-    RigExtra& Slot() { return rig_->extras.at(size_t(index_)); }
-    TargetPin pin_;
-    RigSystem* rig_;
-    int index_;
-    RigExtra undo_, redo_;
-};
-
-// The count of extras before one was appended.
-class RigSystem::AddExtraRestore : public RestoreObj {
-public:
-    explicit AddExtraRestore(RigSystem* rig) : pin_(rig), rig_(rig), count_(rig->extras.size()) {}
-    void Restore(bool isUndo) override {
-        auto& extras = rig_->extras;
-        if (isUndo) added_.assign(extras.begin() + std::ptrdiff_t(count_), extras.end());
-        extras.resize(count_);
-        rig_->PointsChanged();
-    }
-    void Redo() override {
-        rig_->extras.insert(rig_->extras.end(), added_.begin(), added_.end());
-        rig_->PointsChanged();
-    }
-    int Size() override { return int(sizeof(*this)); }
-    WStr Description() override { return WStr(L"AddExtraRestore"); }
-
-private:
-    TargetPin pin_;
-    RigSystem* rig_;
-    size_t count_;
-    std::vector<RigExtra> added_;
-};
-
-// A removed extra and where it was.
-class RigSystem::RemoveExtraRestore : public RestoreObj {
-public:
-    RemoveExtraRestore(RigSystem* rig, int index)
-        : pin_(rig), rig_(rig), index_(index), removed_(rig->extras[size_t(index)]) {}
-    void Restore(bool) override {
-        rig_->extras.insert(rig_->extras.begin() + index_, removed_);
-        rig_->PointsChanged();
-    }
-    void Redo() override {
-        rig_->extras.erase(rig_->extras.begin() + index_);
-        rig_->PointsChanged();
-    }
-    int Size() override { return int(sizeof(*this)); }
-    WStr Description() override { return WStr(L"RemoveExtraRestore"); }
-
-private:
-    TargetPin pin_;
-    RigSystem* rig_;
-    int index_;
-    RigExtra removed_;
-};
-
-// The extras in their order before a sort, and after it.
-class RigSystem::SortExtraRestore : public SnapshotRestore<RigSystem, std::vector<RigExtra>> {
-public:
-    explicit SortExtraRestore(RigSystem* rig)
-        : SnapshotRestore(rig, &RigSystem::SaveExtras, &RigSystem::LoadExtras,
-                          L"SortExtraRestore") {}
+    explicit ExtrasRestore(RigSystem* rig)
+        : SnapshotRestore(rig, &RigSystem::SaveExtras, &RigSystem::LoadExtras, L"ExtrasRestore") {}
 };
 
 namespace {
@@ -115,7 +42,7 @@ int RigSystem::AddExtra(const WStr& name, const WStr& parent, int side, int numC
                         int numBones, bool useBones) {
     if (numControls < 1 || numBones < 1) return -1;
     ChangeStep step;
-    theHold.Put(new AddExtraRestore(this));
+    theHold.Put(new ExtrasRestore(this));
     RigExtra extra;
     extra.name = FreeExtraName(extras, name);
     extra.parent = !parent.isNull() ? parent : points.empty() ? WStr() : points.front().name;
@@ -136,7 +63,7 @@ int RigSystem::AddExtra(const WStr& name, const WStr& parent, int side, int numC
 bool RigSystem::RemoveExtra(int index) {
     if (!ValidExtra(index)) return false;
     ChangeStep step;
-    theHold.Put(new RemoveExtraRestore(this, index));
+    theHold.Put(new ExtrasRestore(this));
     extras.erase(extras.begin() + index);
     const int selected = ExtraOfComponent(selectedComponent);
     if (selected == index) WriteSelectedComponent(-1);
@@ -149,7 +76,7 @@ template <class Change>
 bool RigSystem::EditExtra(int index, Change change) {
     if (!ValidExtra(index)) return false;
     ChangeStep step;
-    theHold.Put(new ExtraRestore(this, index));
+    theHold.Put(new ExtrasRestore(this));
     change(extras[size_t(index)]);
     SortExtras();
     RebuildPoints(false);
@@ -164,19 +91,18 @@ bool RigSystem::SetExtraName(int index, const WStr& name) {
     if (!ValidExtra(index) || name.isNull()) return false;
     for (size_t i = 0; i < extras.size(); ++i)
         if (int(i) != index && CompareNames(extras[i].name, name) == 0) return false;
-    ChangeStep step;
-    const RigExtra before = extras[size_t(index)];
-    RigExtra after = before;
-    after.name = name;
-    // The extras hanging on the renamed one follow it.
-    for (size_t i = 0; i < extras.size(); ++i) {
-        const WStr parent = RenamedParent(extras[i].parent, before, after);
-        if (int(i) == index || parent.isNull()) continue;
-        theHold.Put(new ExtraRestore(this, int(i)));
-        extras[i].parent = parent;
-    }
-    RenameExtraPoints(before, after);
-    return EditExtra(index, [&](RigExtra& extra) { extra.name = name; });
+    return EditExtra(index, [&](RigExtra& extra) {
+        const RigExtra before = extra;
+        RigExtra after = before;
+        after.name = name;
+        // The extras hanging on the renamed one follow it.
+        for (RigExtra& other : extras) {
+            const WStr parent = RenamedParent(other.parent, before, after);
+            if (&other != &extra && !parent.isNull()) other.parent = parent;
+        }
+        RenameExtraPoints(before, after);
+        extra.name = name;
+    });
 }
 
 void RigSystem::RenameExtraPoints(const RigExtra& before, const RigExtra& after) {
@@ -252,7 +178,7 @@ void RigSystem::LoadExtras(const std::vector<RigExtra>& state) {
 void RigSystem::SortExtras() {
     const std::vector<int> order = SortedExtraOrder(extras, points);
     if (std::is_sorted(order.begin(), order.end())) return;
-    theHold.Put(new SortExtraRestore(this));
+    theHold.Put(new ExtrasRestore(this));
     std::vector<RigExtra> sorted;
     for (int i : order) sorted.push_back(extras[size_t(i)]);
     extras = std::move(sorted);
