@@ -49,7 +49,7 @@ const WStr& TextArg(FPParams* p, size_t i) {
 
 int SideArg(FPParams* p, size_t i, const wchar_t* name = L"side") {
     const int side = IntArg(p, i);
-    if (side < kSideNone || side > kSideCenter) BadArgument(name, side, L"-1 to 3");
+    if (!ValidRigSide(side)) BadArgument(name, side, L"-1 to 3");
     return side;
 }
 

@@ -147,6 +147,10 @@ enum RigSide : int {
     kSideBoth = 2,
     kSideCenter = 3,
 };
+// Whether side is one of the values above (what an extra's side may be).
+inline constexpr bool ValidRigSide(int side) {
+    return side >= kSideNone && side <= kSideCenter;
+}
 
 // Component ids: which structure a guide point belongs to. Values of 1000 and more in
 // selected_component name extra number value - 1000.

@@ -32,10 +32,6 @@ public:
     ChangeStep& operator=(const ChangeStep&) = delete;
 };
 
-bool ValidSide(int side) {
-    return side >= kSideNone && side <= kSideCenter;
-}
-
 }  // namespace
 
 int RigSystem::AddExtra(const WStr& name, const WStr& parent, int side, int numControls,
@@ -131,7 +127,7 @@ int RigSystem::GetExtraSide(int index) {
 }
 
 bool RigSystem::SetExtraSide(int index, int side) {
-    if (!ValidSide(side)) return false;
+    if (!ValidRigSide(side)) return false;
     return EditExtra(index, [&](RigExtra& extra) {
         extra.side = side;
         extra.flags |= kExtraReplace;

@@ -72,7 +72,7 @@ IOResult CheckPoints(ILoad* iload, const std::vector<RigPoint>& points) {
 IOResult CheckExtras(ILoad* iload, const std::vector<RigExtra>& extras) {
     for (size_t i = 0; i < extras.size(); ++i) {
         const RigExtra& e = extras[i];
-        if (e.side < kSideNone || e.side > kSideCenter || e.numControls < 1 || e.numBones < 1)
+        if (!ValidRigSide(e.side) || e.numControls < 1 || e.numBones < 1)
             return LoadError(
                 iload, "rig extra " + std::to_string(i) + " has a side or a count out of range");
     }
